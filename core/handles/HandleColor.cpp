@@ -6,8 +6,7 @@ namespace Hmi::Core {
 
 HandleColor::HandleColor(QObject* aParent)
     : QObject(aParent)
-{
-}
+{ }
 
 HandleColor::~HandleColor() = default;
 

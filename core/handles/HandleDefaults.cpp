@@ -4,8 +4,7 @@ namespace Hmi::Core {
 
 HandleDefaults::HandleDefaults(QObject* aParent)
     : QObject(aParent)
-{
-}
+{ }
 
 HandleDefaults::~HandleDefaults() = default;
 

@@ -8,8 +8,7 @@ namespace Hmi::Core {
 
 HandleFont::HandleFont(QObject* aParent)
     : QObject(aParent)
-{
-}
+{ }
 
 HandleFont::~HandleFont() = default;
 
@@ -50,7 +49,12 @@ QString HandleFont::getFontInfoStyleName() const
 
 QString HandleFont::getFontLastResortFamily() const
 {
+    // Deprecated in Qt without a replacement; QML screens still ask for it when a family is
+    // missing on the target.
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
     return getFont().lastResortFamily();
+    QT_WARNING_POP
 }
 
 int HandleFont::getFontStyleHint() const

@@ -4,8 +4,7 @@ namespace Hmi::Core {
 
 HandleImage::HandleImage(QObject* aParent)
     : QObject(aParent)
-{
-}
+{ }
 
 HandleImage::~HandleImage() = default;
 

@@ -4,7 +4,7 @@ namespace Hmi::Core {
 
 namespace {
 
-// HmiCoreGlobal::GradientType numbering, kept by resource files: 3 means no gradient.
+// HmiCoreGlobal::GRADIENT_TYPE_INVALID; the frame header is not pulled in for one number.
 constexpr int sGradientTypeNone = 3;
 
 int countGradientStops(QQmlListProperty<HmiGradientStop>* aList)
@@ -21,8 +21,7 @@ HmiGradientStop* gradientStopAt(QQmlListProperty<HmiGradientStop>* aList, int aI
 
 HandleRectangle::HandleRectangle(QObject* aParent)
     : HandleImage(aParent)
-{
-}
+{ }
 
 HandleRectangle::~HandleRectangle() = default;
 

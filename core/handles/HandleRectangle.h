@@ -16,8 +16,8 @@ namespace Hmi::Core {
  * and has no gradient; the mutable and resource-backed handles derive from it and override the
  * getters.
  *
- * gradientType takes the values of HmiCoreGlobal's GradientType: 0 conical, 1 linear,
- * 2 radial, 3 none.
+ * gradientType takes the values of HmiCoreGlobal::GradientType; GRADIENT_TYPE_INVALID (3) means
+ * no gradient.
  */
 class HMICORE_EXPORT HandleRectangle : public HandleImage
 {
@@ -34,7 +34,7 @@ class HMICORE_EXPORT HandleRectangle : public HandleImage
     Q_PROPERTY(QPointF gradientEnd READ getGradientEnd NOTIFY gradientEndChanged)
     Q_PROPERTY(bool gradientEndSet READ getGradientEndSet NOTIFY gradientEndChanged)
     Q_PROPERTY(QQmlListProperty<Hmi::Core::HmiGradientStop> gradientStops READ getGradientStops NOTIFY
-                   gradientStopsChanged)
+            gradientStopsChanged)
 
 public:
     explicit HandleRectangle(QObject* aParent = nullptr);

@@ -4,8 +4,7 @@ namespace Hmi::Core {
 
 HandleShader::HandleShader(QObject* aParent)
     : QObject(aParent)
-{
-}
+{ }
 
 HandleShader::~HandleShader() = default;
 

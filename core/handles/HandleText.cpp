@@ -4,14 +4,12 @@ namespace Hmi::Core {
 
 HandleText::HandleText(QObject* aParent)
     : QObject(aParent)
-{
-}
+{ }
 
 HandleText::HandleText(const QString& aText, QObject* aParent)
     : QObject(aParent)
     , mText(aText)
-{
-}
+{ }
 
 HandleText::~HandleText() = default;
 

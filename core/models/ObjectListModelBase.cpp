@@ -15,8 +15,7 @@ void warnOutOfRange(const char* aCall, int aIndex, int aCount)
 
 ObjectListModelBase::ObjectListModelBase(QObject* aParent)
     : QAbstractListModel(aParent)
-{
-}
+{ }
 
 ObjectListModelBase::~ObjectListModelBase() = default;
 
@@ -42,7 +41,7 @@ bool ObjectListModelBase::insert(int aIndex, const QVariant& aValue)
     }
     if (!isAcceptedValue(aValue)) {
         qWarning("WARNING: ObjectListModel::insert: a value of type %s cannot be stored.",
-                 aValue.isValid() ? aValue.typeName() : "invalid");
+            aValue.isValid() ? aValue.typeName() : "invalid");
         return false;
     }
     beginInsertRows(QModelIndex(), aIndex, aIndex);

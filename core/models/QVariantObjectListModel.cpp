@@ -4,8 +4,7 @@ namespace Hmi::Core {
 
 QVariantObjectListModel::QVariantObjectListModel(QObject* aParent)
     : ObjectListModelBase(aParent)
-{
-}
+{ }
 
 QVariantObjectListModel::~QVariantObjectListModel() = default;
 

@@ -4,15 +4,13 @@ namespace Hmi::Core {
 
 HmiGradientStop::HmiGradientStop(QObject* aParent)
     : QObject(aParent)
-{
-}
+{ }
 
 HmiGradientStop::HmiGradientStop(qreal aPosition, const QColor& aColor, QObject* aParent)
     : QObject(aParent)
     , mPosition(aPosition)
     , mColor(aColor)
-{
-}
+{ }
 
 HmiGradientStop::~HmiGradientStop() = default;
 
