@@ -57,6 +57,8 @@ QString withLevel(const QString& aLevel)
 
 void tst_KbdSchema::initTestCase()
 {
+    // Nothing else here references the library, so pull its resources in explicitly.
+    Q_INIT_RESOURCE(HmiCore);
     QFile file(QStringLiteral(":/Hmi/Core/kbd-schema.xsd"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     mSchema.setMessageHandler(&sHandler);

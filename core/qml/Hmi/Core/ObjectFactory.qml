@@ -1,6 +1,5 @@
 pragma Singleton
 import QtQuick 2.15
-import Hmi.Core 1.0
 
 // Creates objects from components or QML files at run time and reports why a creation failed,
 // which Qt's own createObject() leaves to the caller.

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+class QCommandLineParser;
+
+namespace Hmi::Core::Tool {
+
+/// The tool's exit codes; scripts rely on them.
+enum ExitCode
+{
+    ExitSuccess = 0,
+    /// The input (a file, a value in it) could not be processed.
+    ExitFailure = 1,
+    /// The command line itself is wrong.
+    ExitUsage = 2
+};
+
+/// Writes aText and a line feed to stdout, in the local encoding like the arguments came in.
+void printLine(const QString& aText);
+
+/// Writes "hmicore: aMessage" to stderr.
+void printError(const QString& aMessage);
+
+/// Prints aMessage, returns ExitFailure.
+int fail(const QString& aMessage);
+
+/// Prints aMessage followed by the usage text to stderr, returns ExitUsage.
+int usageError(const QString& aMessage, const QString& aUsage);
+
+/**
+ * The parser's help text with its first line replaced by "Usage: aSynopsis": the parser would name
+ * the executable as it was invoked and knows nothing of command groups.
+ */
+QString usageText(const QCommandLineParser& aParser, const QString& aSynopsis);
+
+} // namespace Hmi::Core::Tool
