@@ -1,0 +1,198 @@
+#include "resources/BinaryResourceFile.h"
+
+#include "resources/NodeColor.h"
+#include "resources/NodeDefaults.h"
+#include "resources/NodeFont.h"
+#include "resources/NodeImage.h"
+#include "resources/NodeRectangle.h"
+#include "resources/NodeShader.h"
+
+#include <QBuffer>
+#include <QDataStream>
+#include <QDebug>
+#include <QFile>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace Hmi::Core {
+
+namespace {
+
+    // The fewest bytes one record of each type can take; a section count is checked against them
+    // before anything is allocated.
+    constexpr qint64 sMinRecordSize[ResourceTypeCount] = {
+        4 + 4, // colour: name, rgba
+        4 + 4, // defaults: name, count
+        4 + 5 + 4 + 4 + 8 + 4, // font
+        4 + 4 + 4 + 4 + 8 + 16 + 16 + 16 + 8 + 16, // image
+        4 + 4 + 4 + 4 + 8 + 16 + 16 + 16 + 8 + 16 + 1 + 4 + 1 + 8 + 16 + 1 + 4 + 4 + 8, // rectangle
+        4 + 4 + 8 + 4 + 1 + 4 + 1 + 1, // shader
+    };
+
+    // Holds the stream pointer only while a load or save runs.
+    class StreamScope
+    {
+    public:
+        StreamScope(QDataStream*& aSlot, QDataStream& aStream)
+            : mSlot(aSlot)
+        {
+            mSlot = &aStream;
+        }
+        ~StreamScope() { mSlot = nullptr; }
+        Q_DISABLE_COPY(StreamScope)
+
+    private:
+        QDataStream*& mSlot;
+    };
+
+    void prepare(QDataStream& aStream)
+    {
+        aStream.setVersion(QDataStream::Qt_5_15);
+        aStream.setByteOrder(QDataStream::LittleEndian);
+        aStream.setFloatingPointPrecision(QDataStream::DoublePrecision);
+    }
+
+    template <typename T>
+    QSharedPointer<XmlNode> makeNode(const QString& aBasePath)
+    {
+        if constexpr (std::is_constructible_v<T, QString, QString>) {
+            return QSharedPointer<T>::create(aBasePath, QString());
+        } else {
+            Q_UNUSED(aBasePath)
+            return QSharedPointer<T>::create(QString());
+        }
+    }
+
+    QSharedPointer<XmlNode> makeNode(ResourceType aType, const QString& aBasePath)
+    {
+        switch (aType) {
+        case ResourceType::Color:
+            return makeNode<NodeColor>(aBasePath);
+        case ResourceType::Defaults:
+            return makeNode<NodeDefaults>(aBasePath);
+        case ResourceType::Font:
+            return makeNode<NodeFont>(aBasePath);
+        case ResourceType::Image:
+            return makeNode<NodeImage>(aBasePath);
+        case ResourceType::Rectangle:
+            return makeNode<NodeRectangle>(aBasePath);
+        case ResourceType::Shader:
+            return makeNode<NodeShader>(aBasePath);
+        }
+        return {};
+    }
+
+} // namespace
+
+BinaryResourceFile::BinaryResourceFile(const QString& aBasePath)
+    : ResourceFile(aBasePath)
+{
+}
+
+BinaryResourceFile::~BinaryResourceFile() = default;
+
+bool BinaryResourceFile::loadFile(const QString& aPath, const QString& aBasePath, const QByteArray& aHash)
+{
+    QFile file(aPath);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    setBasePath(aBasePath);
+    QDataStream stream(&file);
+    return load(stream, aHash);
+}
+
+bool BinaryResourceFile::loadData(const QByteArray& aData, const QString& aBasePath, const QByteArray& aHash)
+{
+    QBuffer buffer;
+    buffer.setData(aData);
+    buffer.open(QIODevice::ReadOnly);
+    setBasePath(aBasePath);
+    QDataStream stream(&buffer);
+    return load(stream, aHash);
+}
+
+bool BinaryResourceFile::load(QDataStream& aStream, const QByteArray& aHash)
+{
+    prepare(aStream);
+    StreamScope scope(mStream, aStream);
+
+    qint32 magic = 0;
+    qint32 version = 0;
+    quint32 hashLength = 0;
+    aStream >> magic >> version >> hashLength;
+    if (aStream.status() != QDataStream::Ok || magic != sMagic || version != sVersion
+        || hashLength != quint32(aHash.size())) {
+        return false;
+    }
+    QByteArray hash(aHash.size(), Qt::Uninitialized);
+    if (aStream.readRawData(hash.data(), hash.size()) != hash.size() || hash != aHash) {
+        return false;
+    }
+    for (int type = 0; type < ResourceTypeCount; ++type) {
+        if (!readSection(ResourceType(type))) {
+            return false;
+        }
+    }
+    return aStream.status() == QDataStream::Ok;
+}
+
+bool BinaryResourceFile::readSection(ResourceType aType)
+{
+    QDataStream& stream = *mStream;
+    qint32 count = 0;
+    stream >> count;
+    const qint64 remaining = stream.device()->bytesAvailable();
+    if (stream.status() != QDataStream::Ok || count < 0 || count > remaining / sMinRecordSize[int(aType)]) {
+        return false;
+    }
+    NodeTable& nodes = table(aType);
+    nodes.reserve(nodes.size() + count);
+    for (qint32 i = 0; i < count; ++i) {
+        QSharedPointer<XmlNode> node = makeNode(aType, getBasePath());
+        node->readRecord(stream);
+        if (stream.status() != QDataStream::Ok) {
+            return false;
+        }
+        nodes.insert(node->getName(), node);
+    }
+    return true;
+}
+
+bool BinaryResourceFile::saveFile(const QString& aPath, const QByteArray& aHash, const ResourceFile& aSource)
+{
+    QSaveFile file(aPath);
+    if (!file.open(QIODevice::WriteOnly)) {
+        return false;
+    }
+    QDataStream stream(&file);
+    prepare(stream);
+    StreamScope scope(mStream, stream);
+
+    stream << sMagic << sVersion << aHash;
+    for (int type = 0; type < ResourceTypeCount; ++type) {
+        const NodeTable& nodes = aSource.getNodes(ResourceType(type));
+        QStringList names = nodes.keys();
+        std::sort(names.begin(), names.end());
+        stream << qint32(names.size());
+        for (const QString& name : qAsConst(names)) {
+            nodes.value(name)->writeRecord(stream);
+        }
+    }
+    if (stream.status() != QDataStream::Ok) {
+        file.cancelWriting();
+        return false;
+    }
+    return file.commit();
+}
+
+QDataStream* BinaryResourceFile::getStream() const
+{
+    if (!mStream) {
+        qWarning("BinaryResourceFile::getStream() should not be called outside loadFile()!");
+    }
+    return mStream;
+}
+
+} // namespace Hmi::Core
