@@ -5,6 +5,7 @@
 #include "frame/HmiCoreGlobal.h"
 #include "frame/HmiCoreModule.h"
 #include "frame/PerfEventPolicyBase.h"
+#include "resources/ThemeManager.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -102,14 +103,15 @@ void HmiCoreInitializer::raise(const char* aMarker) const
 void HmiCoreInitializer::loadThemes(const QString& aThemesPath) const
 {
     // Theme descriptions are the ".xml" files directly in the themes directory.
-    const QStringList themeFiles = QDir(aThemesPath).entryList({ QStringLiteral("*.xml") }, QDir::Files, QDir::Name);
-    int themes = 0;
+    const QDir directory(aThemesPath);
+    const QStringList themeFiles = directory.entryList({ QStringLiteral("*.xml") }, QDir::Files, QDir::Name);
+    ThemeManager& themes = ThemeManager::getInstance();
     for (const QString& name : themeFiles) {
         if (name.endsWith(QLatin1String(".xml"))) {
-            ++themes;
+            themes.addTheme(directory.filePath(name));
         }
     }
-    if (themes == 0) {
+    if (themes.getThemes().isEmpty()) {
         qWarning("WARNING: No hmi themes found in %s", qUtf8Printable(aThemesPath));
     }
 }

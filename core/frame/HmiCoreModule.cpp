@@ -5,6 +5,17 @@
 #include "frame/HmiCoreGlobal.h"
 #include "frame/PerfEventPolicyBase.h"
 #include "handles/HandleColor.h"
+#include "handles/HandleColorMutable.h"
+#include "handles/HandleColorResource.h"
+#include "handles/HandleDefaultsResource.h"
+#include "handles/HandleFontMutable.h"
+#include "handles/HandleFontResource.h"
+#include "handles/HandleImageMutable.h"
+#include "handles/HandleImageResource.h"
+#include "handles/HandleRectangleMutable.h"
+#include "handles/HandleRectangleResource.h"
+#include "handles/HandleShaderMutable.h"
+#include "handles/HandleShaderResource.h"
 #include "handles/HandleDefaults.h"
 #include "handles/HandleFont.h"
 #include "handles/HandleImage.h"
@@ -13,6 +24,10 @@
 #include "handles/HandleText.h"
 #include "models/ObjectListModelBase.h"
 #include "resources/HmiGradientStop.h"
+#include "resources/ResourceImageProvider.h"
+#include "resources/ResourceManager.h"
+#include "resources/ThemeManager.h"
+#include "resources/ThemePolicyBase.h"
 
 #include <QDebug>
 #include <QQmlEngine>
@@ -75,6 +90,11 @@ void HmiCoreModule::registerTypes()
 void HmiCoreModule::prepareEngine(QQmlEngine& aEngine)
 {
     aEngine.addImportPath(QStringLiteral("qrc:///"));
+    // Image requests may arrive on a loader thread, where singletons cannot be created.
+    ResourceManager::getInstance();
+    if (!aEngine.imageProvider(QLatin1String(ResourceImageProvider::sProviderId))) {
+        aEngine.addImageProvider(QLatin1String(ResourceImageProvider::sProviderId), new ResourceImageProvider);
+    }
 }
 
 // The order of the three lists below is the module's published order; the names commented out
@@ -84,17 +104,22 @@ void HmiCoreModule::registerCreatableTypes()
 {
     // CacheManager, ButtonBase, CacheTask, FontMetrics, FpsCalculator
     creatable<HandleColor>("HandleColor");
-    // HandleColorMutable, HandleColorResource
+    creatable<HandleColorMutable>("HandleColorMutable");
+    creatable<HandleColorResource>("HandleColorResource");
     creatable<HandleDefaults>("HandleDefaults");
-    // HandleDefaultsResource
+    creatable<HandleDefaultsResource>("HandleDefaultsResource");
     creatable<HandleFont>("HandleFont");
-    // HandleFontMutable, HandleFontResource
+    creatable<HandleFontMutable>("HandleFontMutable");
+    creatable<HandleFontResource>("HandleFontResource");
     creatable<HandleImage>("HandleImage");
-    // HandleImageMutable, HandleImageResource
+    creatable<HandleImageMutable>("HandleImageMutable");
+    creatable<HandleImageResource>("HandleImageResource");
     creatable<HandleRectangle>("HandleRectangle");
-    // HandleRectangleMutable, HandleRectangleResource
+    creatable<HandleRectangleMutable>("HandleRectangleMutable");
+    creatable<HandleRectangleResource>("HandleRectangleResource");
     creatable<HandleShader>("HandleShader");
-    // HandleShaderMutable, HandleShaderResource
+    creatable<HandleShaderMutable>("HandleShaderMutable");
+    creatable<HandleShaderResource>("HandleShaderResource");
     creatable<HandleText>("HandleText");
     // HandleTextMutable, HandleTextResource, HandleTextWithParameters
     creatable<HmiGradientStop>("HmiGradientStop");
@@ -110,7 +135,8 @@ void HmiCoreModule::registerSingletons()
     // KeyboardModelManager
     fileSingleton(QUrl(QStringLiteral("qrc:///Hmi/Core/ObjectFactory.qml")), "ObjectFactory");
     // LanguageManager, ProcessLauncher, RestrictedModeManager, SuggestionsManager,
-    // StringRegistrationManager, ThemeManager
+    // StringRegistrationManager
+    singleton<ThemeManager>("ThemeManager");
 }
 
 void HmiCoreModule::registerUncreatableTypes()
@@ -120,7 +146,9 @@ void HmiCoreModule::registerUncreatableTypes()
     uncreatable<HmiCoreConfigs>("HmiCoreConfigs");
     // KeyboardModel, KeyboardKeyData
     uncreatable<PerfEventPolicyBase>("PerfEventPolicyBase");
-    // Restriction, StringRegistrationData, ThemePolicyBase, TouchInputEvent, TouchInputGesture
+    // Restriction, StringRegistrationData
+    uncreatable<ThemePolicyBase>("ThemePolicyBase");
+    // TouchInputEvent, TouchInputGesture
     uncreatable<ObjectListModelBase>("ObjectListModelBase");
     // ObjectListSortFilterProxyModel, ObjectListSortFilterProxyConstModel
 }

@@ -20,7 +20,8 @@ public:
     /// Registers every type; further calls do nothing.
     static void registerTypes();
 
-    /// Lets aEngine find the module's own QML components, which live in the resource "qrc:///Hmi/Core/".
+    /// Lets aEngine find the module's own QML components, which live in the resource "qrc:///Hmi/Core/",
+    /// and serve theme images as "image://resourceImageProvider/<name>".
     static void prepareEngine(QQmlEngine& aEngine);
 
 private:

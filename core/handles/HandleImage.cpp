@@ -1,5 +1,7 @@
 #include "handles/HandleImage.h"
 
+#include "handles/MutableProperty.h"
+
 namespace Hmi::Core {
 
 HandleImage::HandleImage(QObject* aParent)
@@ -8,49 +10,49 @@ HandleImage::HandleImage(QObject* aParent)
 
 HandleImage::~HandleImage() = default;
 
-QString HandleImage::getDefaultsName() const
+void HandleImage::setDefaultsName(const QString& aDefaultsName)
 {
-    return QString();
+    assignAndNotify(mDefaultsName, aDefaultsName, [this] { emit defaultsNameChanged(); });
 }
 
-int HandleImage::getFrameCount() const
+void HandleImage::setFrameCount(int aFrameCount)
 {
-    return 1;
+    assignAndNotify(mFrameCount, aFrameCount, [this] { emit frameCountChanged(); });
 }
 
-QSize HandleImage::getFrameSize() const
+void HandleImage::setFrameSize(const QSize& aFrameSize)
 {
-    return QSize(-1, -1);
+    assignAndNotify(mFrameSize, aFrameSize, [this] { emit frameSizeChanged(); });
 }
 
-QSizeF HandleImage::getImplicitSize() const
+void HandleImage::setImplicitSize(const QSizeF& aImplicitSize)
 {
-    return QSizeF(0, 0);
+    assignAndNotify(mImplicitSize, aImplicitSize, [this] { emit implicitSizeChanged(); });
 }
 
-QMargins HandleImage::getPaddingExternal() const
+void HandleImage::setPaddingExternal(const QMargins& aPaddingExternal)
 {
-    return QMargins();
+    assignAndNotify(mPaddingExternal, aPaddingExternal, [this] { emit paddingExternalChanged(); });
 }
 
-QMargins HandleImage::getPaddingInternal() const
+void HandleImage::setPaddingInternal(const QMargins& aPaddingInternal)
 {
-    return QMargins();
+    assignAndNotify(mPaddingInternal, aPaddingInternal, [this] { emit paddingInternalChanged(); });
 }
 
-QUrl HandleImage::getSource() const
+void HandleImage::setSource(const QUrl& aSource)
 {
-    return QUrl();
+    assignAndNotify(mSource, aSource, [this] { emit sourceChanged(); });
 }
 
-QSize HandleImage::getSourceSize() const
+void HandleImage::setSourceSize(const QSize& aSourceSize)
 {
-    return QSize(-1, -1);
+    assignAndNotify(mSourceSize, aSourceSize, [this] { emit sourceSizeChanged(); });
 }
 
-QMargins HandleImage::getTileMargins() const
+void HandleImage::setTileMargins(const QMargins& aTileMargins)
 {
-    return QMargins();
+    assignAndNotify(mTileMargins, aTileMargins, [this] { emit tileMarginsChanged(); });
 }
 
 void HandleImage::emitAllChanged()

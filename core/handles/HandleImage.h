@@ -13,8 +13,8 @@ namespace Hmi::Core {
 
 /**
  * Read-only themed image for QML: the source, its frames (for sprites), its sizes and its
- * margins. The plain handle holds no image; the mutable and resource-backed handles derive from
- * it and override the getters.
+ * margins. The plain handle holds the values its setters were given (none: no image); the mutable
+ * handle makes them writable from QML, and the resource-backed handle overrides the getters.
  *
  * QML has no margins type, so each margin set is also offered as four integer properties that
  * share the set's change signal.
@@ -61,22 +61,33 @@ public:
     Q_DISABLE_COPY(HandleImage)
 
     /// Name of the defaults that go with the image, empty for none.
-    virtual QString getDefaultsName() const;
+    virtual QString getDefaultsName() const { return mDefaultsName; }
     /// Number of frames in a sprite strip; 1 for a still image.
-    virtual int getFrameCount() const;
+    virtual int getFrameCount() const { return mFrameCount; }
     /// (-1, -1) while unknown.
-    virtual QSize getFrameSize() const;
+    virtual QSize getFrameSize() const { return mFrameSize; }
     /// The size the image asks for in a layout; (0, 0) for none.
-    virtual QSizeF getImplicitSize() const;
+    virtual QSizeF getImplicitSize() const { return mImplicitSize; }
     /// Space to keep around the image.
-    virtual QMargins getPaddingExternal() const;
+    virtual QMargins getPaddingExternal() const { return mPaddingExternal; }
     /// The usable area inside the image, as margins from its edges.
-    virtual QMargins getPaddingInternal() const;
-    virtual QUrl getSource() const;
+    virtual QMargins getPaddingInternal() const { return mPaddingInternal; }
+    virtual QUrl getSource() const { return mSource; }
     /// (-1, -1) while unknown.
-    virtual QSize getSourceSize() const;
+    virtual QSize getSourceSize() const { return mSourceSize; }
     /// The borders that stay unscaled when the image is stretched.
-    virtual QMargins getTileMargins() const;
+    virtual QMargins getTileMargins() const { return mTileMargins; }
+
+    // Each setter emits its signal only on a real change.
+    void setDefaultsName(const QString& aDefaultsName);
+    void setFrameCount(int aFrameCount);
+    void setFrameSize(const QSize& aFrameSize);
+    void setImplicitSize(const QSizeF& aImplicitSize);
+    void setPaddingExternal(const QMargins& aPaddingExternal);
+    void setPaddingInternal(const QMargins& aPaddingInternal);
+    void setSource(const QUrl& aSource);
+    void setSourceSize(const QSize& aSourceSize);
+    void setTileMargins(const QMargins& aTileMargins);
 
     int getPaddingExternalLeft() const { return getPaddingExternal().left(); }
     int getPaddingExternalTop() const { return getPaddingExternal().top(); }
@@ -105,6 +116,17 @@ signals:
 protected:
     /// For derived handles whose whole value was replaced at once (a new resource node).
     virtual void emitAllChanged();
+
+private:
+    QString mDefaultsName;
+    int mFrameCount = 1;
+    QSize mFrameSize { -1, -1 };
+    QSizeF mImplicitSize { 0, 0 };
+    QMargins mPaddingExternal;
+    QMargins mPaddingInternal;
+    QUrl mSource;
+    QSize mSourceSize { -1, -1 };
+    QMargins mTileMargins;
 };
 
 } // namespace Hmi::Core

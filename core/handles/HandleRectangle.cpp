@@ -1,11 +1,10 @@
 #include "handles/HandleRectangle.h"
 
+#include "handles/MutableProperty.h"
+
 namespace Hmi::Core {
 
 namespace {
-
-// HmiCoreGlobal::GRADIENT_TYPE_INVALID; the frame header is not pulled in for one number.
-constexpr int sGradientTypeNone = 3;
 
 int countGradientStops(QQmlListProperty<HmiGradientStop>* aList)
 {
@@ -25,70 +24,79 @@ HandleRectangle::HandleRectangle(QObject* aParent)
 
 HandleRectangle::~HandleRectangle() = default;
 
-QColor HandleRectangle::getColor() const
-{
-    return QColor(0, 0, 0, 0);
-}
-
-bool HandleRectangle::getColorSet() const
-{
-    return false;
-}
-
-QColor HandleRectangle::getBorderColor() const
-{
-    return QColor(0, 0, 0, 0);
-}
-
-bool HandleRectangle::getBorderColorSet() const
-{
-    return false;
-}
-
-int HandleRectangle::getBorderWidth() const
-{
-    return 0;
-}
-
-qreal HandleRectangle::getRadius() const
-{
-    return 0.0;
-}
-
-int HandleRectangle::getGradientType() const
-{
-    return sGradientTypeNone;
-}
-
-qreal HandleRectangle::getGradientAngle() const
-{
-    return 0.0;
-}
-
-QPointF HandleRectangle::getGradientBegin() const
-{
-    return QPointF(0, 0);
-}
-
-QPointF HandleRectangle::getGradientEnd() const
-{
-    return QPointF(0, 0);
-}
-
-bool HandleRectangle::getGradientEndSet() const
-{
-    return false;
-}
-
-int HandleRectangle::getGradientStopsCount() const
-{
-    return 0;
-}
-
 HmiGradientStop* HandleRectangle::getGradientStopAt(int aIndex) const
 {
-    Q_UNUSED(aIndex)
-    return nullptr;
+    return aIndex >= 0 && aIndex < mGradientStops.size() ? mGradientStops.at(aIndex).data() : nullptr;
+}
+
+void HandleRectangle::setColor(const QColor& aColor)
+{
+    if (mColorSet && mColor == aColor) {
+        return;
+    }
+    mColor = aColor;
+    mColorSet = true;
+    emit colorChanged();
+}
+
+void HandleRectangle::setBorderColor(const QColor& aBorderColor)
+{
+    if (mBorderColorSet && mBorderColor == aBorderColor) {
+        return;
+    }
+    mBorderColor = aBorderColor;
+    mBorderColorSet = true;
+    emit borderColorChanged();
+}
+
+void HandleRectangle::setBorderWidth(int aBorderWidth)
+{
+    assignAndNotify(mBorderWidth, aBorderWidth, [this] { emit borderWidthChanged(); });
+}
+
+void HandleRectangle::setRadius(qreal aRadius)
+{
+    assignAndNotify(mRadius, aRadius, [this] { emit radiusChanged(); });
+}
+
+void HandleRectangle::setGradientType(int aGradientType)
+{
+    assignAndNotify(mGradientType, aGradientType, [this] { emit gradientTypeChanged(); });
+}
+
+void HandleRectangle::setGradientAngle(qreal aGradientAngle)
+{
+    assignAndNotify(mGradientAngle, aGradientAngle, [this] { emit gradientAngleChanged(); });
+}
+
+void HandleRectangle::setGradientBegin(const QPointF& aGradientBegin)
+{
+    assignAndNotify(mGradientBegin, aGradientBegin, [this] { emit gradientBeginChanged(); });
+}
+
+void HandleRectangle::setGradientEnd(const QPointF& aGradientEnd)
+{
+    if (mGradientEndSet && mGradientEnd == aGradientEnd) {
+        return;
+    }
+    mGradientEnd = aGradientEnd;
+    mGradientEndSet = true;
+    emit gradientEndChanged();
+}
+
+void HandleRectangle::appendGradientStop(HmiGradientStop* aStop)
+{
+    mGradientStops.append(aStop);
+    emit gradientStopsChanged();
+}
+
+void HandleRectangle::clearGradientStops()
+{
+    if (mGradientStops.isEmpty()) {
+        return;
+    }
+    mGradientStops.clear();
+    emit gradientStopsChanged();
 }
 
 QQmlListProperty<HmiGradientStop> HandleRectangle::getGradientStops()

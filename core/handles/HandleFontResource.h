@@ -1,0 +1,45 @@
+#pragma once
+
+#include "handles/HandleFont.h"
+#include "handles/ResourceHandleState.h"
+
+namespace Hmi::Core {
+
+/**
+ * Font of the current theme by name. An unknown name reads as the default font.
+ */
+class HMICORE_EXPORT HandleFontResource : public HandleFont
+{
+    Q_OBJECT
+    Q_PROPERTY(QString name READ getName WRITE setName NOTIFY nameChanged)
+    Q_PROPERTY(bool nameExists READ getNameExists NOTIFY nameExistsChanged)
+
+public:
+    explicit HandleFontResource(QObject* aParent = nullptr);
+    ~HandleFontResource() override;
+    Q_DISABLE_COPY(HandleFontResource)
+
+    QString getName() const { return mState.getName(); }
+    void setName(const QString& aName) { mState.setName(aName); }
+    bool getNameExists() const { return mState.getNameExists(); }
+
+    QFont getFont() const override;
+    QString getFontCss() const override;
+
+    /// Stops following theme changes and lets go of the node until unfreeze().
+    Q_INVOKABLE void freeze() { mState.freeze(); }
+    /// Follows theme changes again and re-reads the value now.
+    Q_INVOKABLE void unfreeze() { mState.unfreeze(); }
+
+public slots:
+    void onResourceChanged() { mState.onResourceChanged(); }
+
+signals:
+    void nameChanged();
+    void nameExistsChanged();
+
+private:
+    ResourceHandleState mState;
+};
+
+} // namespace Hmi::Core
