@@ -36,9 +36,21 @@ bool ConfigManager::addConfig(const QString& aPath)
         record.directory = directory;
         QVariant value = settings.value(key);
         if (!mPlaceholders.isEmpty()) {
-            QString text = value.toString();
-            if (substitutePlaceholders(text)) {
-                value = text;
+            // An unquoted value with commas comes back as a list; fill each of its parts.
+            if (value.userType() == QMetaType::QStringList) {
+                QStringList parts = value.toStringList();
+                bool replaced = false;
+                for (QString& part : parts) {
+                    replaced |= substitutePlaceholders(part);
+                }
+                if (replaced) {
+                    value = parts;
+                }
+            } else {
+                QString text = value.toString();
+                if (substitutePlaceholders(text)) {
+                    value = text;
+                }
             }
         }
         record.value = value;

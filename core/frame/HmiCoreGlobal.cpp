@@ -67,6 +67,16 @@ HmiCoreGlobal::HmiCoreGlobal(QQmlEngine* /*aEngine*/, QJSEngine* /*aScriptEngine
     // The do-nothing default is our child; the shared pointer must not delete it a second time.
     , mPerformanceEventPolicy(new PerfEventPolicyBase(this), [](PerfEventPolicyBase*) {})
 {
+    // Lets native code read the object-valued properties before the QML module is registered.
+    qRegisterMetaType<ApplicationViewPolicyBase*>();
+    qRegisterMetaType<HmiCoreConfigs*>();
+    qRegisterMetaType<HandleColor*>();
+    qRegisterMetaType<HandleFont*>();
+    qRegisterMetaType<HandleDefaults*>();
+    qRegisterMetaType<HandleImage*>();
+    qRegisterMetaType<HandleRectangle*>();
+    qRegisterMetaType<HandleShader*>();
+    qRegisterMetaType<HandleText*>();
 }
 
 HmiCoreGlobal::~HmiCoreGlobal() = default;

@@ -5,6 +5,7 @@
 #include "frame/HmiCoreGlobal.h"
 #include "frame/HmiCoreModule.h"
 #include "frame/PerfEventPolicyBase.h"
+#include "language/LanguageManager.h"
 #include "resources/ThemeManager.h"
 
 #include <QCoreApplication>
@@ -69,6 +70,7 @@ void HmiCoreInitializer::configure()
     raise("loadThemesEnd");
 
     raise("loadLanguagesStart");
+    LanguageManager::getInstance().setLanguagesPath(configs->getLanguagesPath());
     raise("loadLanguagesEnd");
 
     raise("loadKeyboardsStart");

@@ -22,6 +22,10 @@
 #include "handles/HandleRectangle.h"
 #include "handles/HandleShader.h"
 #include "handles/HandleText.h"
+#include "language/HandleTextMutable.h"
+#include "language/HandleTextResource.h"
+#include "language/HandleTextWithParameters.h"
+#include "language/LanguageManager.h"
 #include "models/ObjectListModelBase.h"
 #include "resources/HmiGradientStop.h"
 #include "resources/ResourceImageProvider.h"
@@ -121,7 +125,9 @@ void HmiCoreModule::registerCreatableTypes()
     creatable<HandleShaderMutable>("HandleShaderMutable");
     creatable<HandleShaderResource>("HandleShaderResource");
     creatable<HandleText>("HandleText");
-    // HandleTextMutable, HandleTextResource, HandleTextWithParameters
+    creatable<HandleTextMutable>("HandleTextMutable");
+    creatable<HandleTextResource>("HandleTextResource");
+    creatable<HandleTextWithParameters>("HandleTextWithParameters");
     creatable<HmiGradientStop>("HmiGradientStop");
     // KeyboardAbstract, LinkHighlighter, PickerModel, QtObjectModel, QtObjectWithResources,
     // RearrangerPageModel, StringRegister, SuggestionsModel, TouchInputArea, ValidatorBool,
@@ -134,7 +140,8 @@ void HmiCoreModule::registerSingletons()
     singleton<HmiCoreGlobal>("HmiCore");
     // KeyboardModelManager
     fileSingleton(QUrl(QStringLiteral("qrc:///Hmi/Core/ObjectFactory.qml")), "ObjectFactory");
-    // LanguageManager, ProcessLauncher, RestrictedModeManager, SuggestionsManager,
+    singleton<LanguageManager>("LanguageManager");
+    // ProcessLauncher, RestrictedModeManager, SuggestionsManager,
     // StringRegistrationManager
     singleton<ThemeManager>("ThemeManager");
 }

@@ -199,7 +199,7 @@ private slots:
 
     void defaultsValueTypes()
     {
-        const QVariantList values { true, qint32(-5), quint32(7), qint64(-1) << 40, quint64(1) << 63, 2.5,
+        const QVariantList values { true, qint32(-5), quint32(7), -(qint64(1) << 40), quint64(1) << 63, 2.5,
             1.25f, QStringLiteral("s"), QString(), QVariant() };
         NodeDefaults node;
         for (int i = 0; i < values.size(); ++i) {

@@ -1,0 +1,3 @@
+import QtQuick 2.0
+
+Text {}
