@@ -48,7 +48,7 @@ namespace {
 
     void prepare(QDataStream& aStream)
     {
-        aStream.setVersion(QDataStream::Qt_5_15);
+        aStream.setVersion(QDataStream::Qt_5_6);
         aStream.setByteOrder(QDataStream::LittleEndian);
         aStream.setFloatingPointPrecision(QDataStream::DoublePrecision);
     }
@@ -122,6 +122,11 @@ bool BinaryResourceFile::load(QDataStream& aStream, const QByteArray& aHash)
     qint32 version = 0;
     quint32 hashLength = 0;
     aStream >> magic >> version >> hashLength;
+    // QDataStream writes a null QByteArray with the length 0xFFFFFFFF; a pre-built file written
+    // that way still means "no hash".
+    if (hashLength == 0xFFFFFFFFu) {
+        hashLength = 0;
+    }
     if (aStream.status() != QDataStream::Ok || magic != sMagic || version != sVersion
         || hashLength != quint32(aHash.size())) {
         return false;
@@ -170,7 +175,10 @@ bool BinaryResourceFile::saveFile(const QString& aPath, const QByteArray& aHash,
     prepare(stream);
     StreamScope scope(mStream, stream);
 
-    stream << sMagic << sVersion << aHash;
+    // Length and bytes written by hand: operator<< would give a null hash (a pre-built file's)
+    // the length 0xFFFFFFFF rather than 0.
+    stream << sMagic << sVersion << quint32(aHash.size());
+    stream.writeRawData(aHash.constData(), aHash.size());
     for (int type = 0; type < ResourceTypeCount; ++type) {
         const NodeTable& nodes = aSource.getNodes(ResourceType(type));
         QStringList names = nodes.keys();

@@ -108,7 +108,7 @@ void NodeFont::onPixelSizeTagEnd(const QString& aText)
 void NodeFont::onPointSizeTagEnd(const QString& aText)
 {
     const float size = aText.toFloat();
-    if (size > 0) {
+    if (size > 0 && qIsFinite(size)) {
         mFont.setPointSizeF(double(size));
     }
     requested().pointSize = size;
@@ -214,7 +214,8 @@ void NodeFont::readFields(QDataStream& aStream)
     }
     // Whole points only, as binary resource files have always been read; a fractional size
     // survives in FontInfo.
-    if (info.pointSize != -1.0f && int(info.pointSize) > 0) {
+    // The range check also refuses NaN and infinities from a damaged file before the conversion.
+    if (info.pointSize >= 1.0f && info.pointSize < 2147483648.0f) {
         font.setPointSize(int(info.pointSize));
     }
     // After bold, so that an explicit weight wins.

@@ -46,6 +46,7 @@ bool XmlLoader::parseCompressed(const QByteArray& aData)
     while (success && offset < size && !mStop) {
         // A chunk is its length, then the 4-byte uncompressed size and the zlib data.
         if (size - offset < 8) {
+            qWarning("ERROR: Decompressing chunk of compressed xml failed!");
             success = false;
             break;
         }

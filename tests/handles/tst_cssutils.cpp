@@ -32,10 +32,10 @@ QFont fontWithoutSize()
     QByteArray prefix;
     {
         QDataStream out(&bytes, QIODevice::WriteOnly);
-        out.setVersion(QDataStream::Qt_5_15);
+        out.setVersion(QDataStream::Qt_5_6);
         out << source;
         QDataStream head(&prefix, QIODevice::WriteOnly);
-        head.setVersion(QDataStream::Qt_5_15);
+        head.setVersion(QDataStream::Qt_5_6);
         // The stream starts with family and style name, then point size (double) and pixel size.
         head << source.family() << source.styleName() << double(-1.0) << qint32(-1);
     }
@@ -44,7 +44,7 @@ QFont fontWithoutSize()
 
     QFont font;
     QDataStream in(&patched, QIODevice::ReadOnly);
-    in.setVersion(QDataStream::Qt_5_15);
+    in.setVersion(QDataStream::Qt_5_6);
     in >> font;
     return font;
 }

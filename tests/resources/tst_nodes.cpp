@@ -32,7 +32,7 @@ void parseXml(XmlNode& aNode, const QString& aBody)
 // The settings of the binary resource file.
 void prepare(QDataStream& aStream)
 {
-    aStream.setVersion(QDataStream::Qt_5_15);
+    aStream.setVersion(QDataStream::Qt_5_6);
     aStream.setByteOrder(QDataStream::LittleEndian);
     aStream.setFloatingPointPrecision(QDataStream::DoublePrecision);
 }
