@@ -98,9 +98,9 @@ bool BinaryResourceFile::loadFile(const QString& aPath, const QString& aBasePath
     if (!file.open(QIODevice::ReadOnly)) {
         return false;
     }
-    setBasePath(aBasePath);
-    QDataStream stream(&file);
-    return load(stream, aHash);
+    // Read from memory: the records check their counts against bytesAvailable(), which costs a
+    // stat() call per record on a QFile, and QFile's read buffer adds a copy per field.
+    return loadData(file.readAll(), aBasePath, aHash);
 }
 
 bool BinaryResourceFile::loadData(const QByteArray& aData, const QString& aBasePath, const QByteArray& aHash)

@@ -1,5 +1,6 @@
 #include "frame/HmiCoreConfigs.h"
 
+#include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -7,6 +8,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <algorithm>
 
 using Hmi::Core::HmiCoreConfigs;
 
@@ -64,12 +67,28 @@ private slots:
     void rejects();
     void help_data();
     void help();
+    void resourceRoundTrip_data();
+    void resourceRoundTrip();
+    void resourceBinaryDrops_data();
+    void resourceBinaryDrops();
+    void resourceDump_data();
+    void resourceDump();
+    void resourceTruncatedBinary_data();
+    void resourceTruncatedBinary();
+    void resourceRejects_data();
+    void resourceRejects();
+    void languageCompileAndDump();
 
 private:
     ToolRun run(const QStringList& aArguments, const QString& aWorkingDirectory) const;
     static void writeFile(const QString& aPath, const QString& aText);
+    static void writeBytes(const QString& aPath, const QByteArray& aData);
+    /// Compiles aXml into aDirectory, dumps both files; QVERIFYs that every step succeeds.
+    void compileAndDump(const QString& aXml, const QString& aDirectory, QStringList& aXmlDump,
+        QStringList& aBinaryDump) const;
 
     QString mTool;
+    QString mEveryKind;
 };
 
 void tst_HmiCoreTool::initTestCase()
@@ -81,6 +100,8 @@ void tst_HmiCoreTool::initTestCase()
         QSKIP("The hmicore tool is not part of this build");
     }
     QVERIFY2(QFileInfo(mTool).isExecutable(), qPrintable(mTool));
+    mEveryKind = QFINDTESTDATA("../data/resources/every_kind.xml");
+    QVERIFY(!mEveryKind.isEmpty());
 }
 
 ToolRun tst_HmiCoreTool::run(const QStringList& aArguments, const QString& aWorkingDirectory) const
@@ -106,6 +127,33 @@ void tst_HmiCoreTool::writeFile(const QString& aPath, const QString& aText)
     QFile file(aPath);
     QVERIFY2(file.open(QIODevice::WriteOnly | QIODevice::Text), qPrintable(aPath));
     file.write(aText.toUtf8());
+}
+
+void tst_HmiCoreTool::writeBytes(const QString& aPath, const QByteArray& aData)
+{
+    QFile file(aPath);
+    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(aPath));
+    file.write(aData);
+}
+
+void tst_HmiCoreTool::compileAndDump(
+    const QString& aXml, const QString& aDirectory, QStringList& aXmlDump, QStringList& aBinaryDump) const
+{
+    // Another directory than the XML's: image files must come out relative to each file's own.
+    const QString binary = aDirectory + QStringLiteral("/out/theme.dat");
+    QVERIFY(QDir().mkpath(aDirectory + QStringLiteral("/out")));
+    const ToolRun compiled = run({ "resource", "compile", aXml, "-o", binary }, aDirectory);
+    QVERIFY2(compiled.exitCode == 0, qPrintable(compiled.err));
+    QCOMPARE(compiled.out, QString());
+
+    const ToolRun fromXml = run({ "resource", "dump", aXml }, aDirectory);
+    QVERIFY2(fromXml.exitCode == 0, qPrintable(fromXml.err));
+    const ToolRun fromBinary = run({ "resource", "dump", binary }, aDirectory);
+    QVERIFY2(fromBinary.exitCode == 0, qPrintable(fromBinary.err));
+    // Reading the binary form logs nothing: no font checks, no parse warnings.
+    QCOMPARE(fromBinary.err, QString());
+    aXmlDump = fromXml.out.split(QLatin1Char('\n'));
+    aBinaryDump = fromBinary.out.split(QLatin1Char('\n'));
 }
 
 void tst_HmiCoreTool::listsEveryKeyInOrder()
@@ -374,6 +422,13 @@ void tst_HmiCoreTool::help_data()
     QTest::newRow("command help names the command")
         << QStringList { "config", "--help" } << "Usage: hmicore config [options]";
     QTest::newRow("version") << QStringList { "--version" } << "hmicore 1.";
+    QTest::newRow("tool help lists resource") << QStringList { "--help" } << "resource";
+    QTest::newRow("resource help lists subcommands")
+        << QStringList { "resource", "--help" } << "compile FILE.xml -o FILE.dat [--base-path DIR]";
+    QTest::newRow("compile help lists options")
+        << QStringList { "resource", "compile", "--help" } << "--base-path <DIR>";
+    QTest::newRow("dump help names the subcommand")
+        << QStringList { "resource", "dump", "--help" } << "Usage: hmicore resource dump";
 }
 
 void tst_HmiCoreTool::help()
@@ -387,6 +442,339 @@ void tst_HmiCoreTool::help()
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(result.err, QString());
     QVERIFY2(result.out.contains(expectedOutput), qPrintable(result.out));
+}
+
+namespace {
+
+QByteArray resourceXml(const char* aBody)
+{
+    return QByteArray("<?xml version=\"1.0\"?>\n<NvkQtResourceFile>\n") + aBody + "\n</NvkQtResourceFile>\n";
+}
+
+// Header of a binary resource file: magic, version, empty content hash.
+QByteArray binaryHeader(qint32 aVersion = 7)
+{
+    QByteArray data;
+    QDataStream stream(&data, QIODevice::WriteOnly);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream << qint32(0x65B57724) << aVersion << quint32(0);
+    return data;
+}
+
+} // namespace
+
+void tst_HmiCoreTool::resourceRoundTrip_data()
+{
+    // The description itself, or "@" and the path of a file relative to this test's source.
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<int>("nodes");
+
+    QTest::newRow("every kind") << QByteArray("@../data/resources/every_kind.xml") << 12;
+    QTest::newRow("showcase") << QByteArray("@../../examples/showcase/data/resources/showcase.xml") << 24;
+    QTest::newRow("no nodes") << resourceXml("") << 0;
+    QTest::newRow("file names with URL characters")
+        << resourceXml("<image><handle>a</handle><file>icon #2 (100%).png</file></image>"
+                       "<rectangle><handle>b</handle><file>a?b=c&amp;d.png</file></rectangle>")
+        << 2;
+    QTest::newRow("invalid rectangle colours stay unset") << resourceXml(
+        "<rectangle><handle>r</handle><value>1,2</value><borderColor>xx,0,0</borderColor>"
+        "<borderWidth>1</borderWidth></rectangle>") << 1;
+    QTest::newRow("later node of a name replaces the earlier")
+        << resourceXml("<color><handle>c</handle><value>1,2,3</value></color>"
+                       "<color><handle>c</handle><value>4,5,6</value></color>")
+        << 1;
+    QTest::newRow("same name in two kinds")
+        << resourceXml("<font><handle>x</handle><family>DejaVu Sans</family><pixelSize>12</pixelSize>"
+                       "<strikeOut>true</strikeOut><overline>true</overline></font>"
+                       "<shader><handle>x</handle><shaderVertex>a\tb \"c\" \\d</shaderVertex></shader>")
+        << 2;
+}
+
+void tst_HmiCoreTool::resourceRoundTrip()
+{
+    QFETCH(QByteArray, xml);
+    QFETCH(int, nodes);
+
+    QTemporaryDir directory;
+    QVERIFY(directory.isValid());
+    QString xmlPath;
+    if (xml.startsWith('@')) {
+        xmlPath = QFINDTESTDATA(QString::fromUtf8(xml.mid(1)));
+        QVERIFY(!xmlPath.isEmpty());
+    } else {
+        xmlPath = directory.filePath(QStringLiteral("theme.xml"));
+        writeBytes(xmlPath, xml);
+    }
+    QStringList fromXml;
+    QStringList fromBinary;
+    compileAndDump(xmlPath, directory.path(), fromXml, fromBinary);
+    if (QTest::currentTestFailed()) {
+        return;
+    }
+    QCOMPARE(fromBinary, fromXml);
+    // Guards against two equally empty listings.
+    const auto isHeader = [](const QString& aLine) { return !aLine.isEmpty() && !aLine.startsWith(' '); };
+    QCOMPARE(int(std::count_if(fromXml.cbegin(), fromXml.cend(), isHeader)), nodes);
+}
+
+void tst_HmiCoreTool::resourceBinaryDrops_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    // The one line in which the two dumps differ.
+    QTest::addColumn<QString>("xmlLine");
+    QTest::addColumn<QString>("binaryLine");
+
+    QTest::newRow("directory part of an image file")
+        << resourceXml("<image><handle>i</handle><file>sub/dir/arrow.png</file><width>8</width></image>")
+        << "  source: \"sub/dir/arrow.png\""
+        << "  source: \"arrow.png\"";
+    QTest::newRow("invalid colour") << resourceXml("<color><handle>c</handle><value>zz,00,00</value></color>")
+                                    << "  color: invalid"
+                                    << "  color: 00,00,00,ff";
+    QTest::newRow("invalid gradient stop colour")
+        << resourceXml("<rectangle><handle>r</handle><gradientType>linear</gradientType>"
+                       "<gradientStop position=\"0\">10,20,30</gradientStop>"
+                       "<gradientStop position=\"0.5\">20,20</gradientStop></rectangle>")
+        << "  gradientStop 1: 0.5 invalid"
+        << "  gradientStop 1: 0.5 00,00,00,ff";
+    QTest::newRow("fractional point size") << resourceXml(
+        "<font><handle>f</handle><family>DejaVu Sans</family><pointSize>10.5</pointSize>"
+        "<bold>true</bold></font>") << "  pointSize: 10.5"
+                                           << "  pointSize: 10";
+}
+
+void tst_HmiCoreTool::resourceBinaryDrops()
+{
+    QFETCH(QByteArray, xml);
+    QFETCH(QString, xmlLine);
+    QFETCH(QString, binaryLine);
+
+    QTemporaryDir directory;
+    QVERIFY(directory.isValid());
+    const QString xmlPath = directory.filePath(QStringLiteral("theme.xml"));
+    writeBytes(xmlPath, xml);
+    QStringList fromXml;
+    QStringList fromBinary;
+    compileAndDump(xmlPath, directory.path(), fromXml, fromBinary);
+    if (QTest::currentTestFailed()) {
+        return;
+    }
+    QCOMPARE(fromBinary.size(), fromXml.size());
+    QStringList differences;
+    for (int index = 0; index < fromXml.size(); ++index) {
+        if (fromXml.at(index) != fromBinary.at(index)) {
+            differences << fromXml.at(index) << fromBinary.at(index);
+        }
+    }
+    QCOMPARE(differences, (QStringList { xmlLine, binaryLine }));
+}
+
+void tst_HmiCoreTool::resourceDump_data()
+{
+    QTest::addColumn<QString>("node");
+    QTest::addColumn<QString>("line");
+
+    QTest::newRow("animation is an image") << "image \"spinner\""
+                                           << "  frameSize: 32x32";
+    QTest::newRow("size tags fill the open sizes") << "image \"iconBack\""
+                                                   << "  implicitSize: 48x48";
+    QTest::newRow("desired size wins") << "image \"spinner\""
+                                       << "  implicitSize: 24x24";
+    QTest::newRow("only false is a boolean") << "defaults \"buttonDefaults\""
+                                             << "  property \"enabled\" = false (bool)";
+    QTest::newRow("true stays text") << "defaults \"buttonDefaults\""
+                                     << "  property \"visible\" = \"true\" (QString)";
+    QTest::newRow("stops keep file order") << "rectangle \"panel\""
+                                           << "  gradientStop 1: 0.6 1e,22,28,ff";
+    QTest::newRow("inline shader source on one line")
+        << "shader \"dim\""
+        << "  shaderFragment: \"varying highp vec2 qt_TexCoord0;\\nuniform sampler2D source;"
+           "\\nuniform lowp float qt_Opacity;\\nvoid main() {\\n    lowp vec4 c = "
+           "texture2D(source, qt_TexCoord0);\\n    gl_FragColor = vec4(c.rgb * 0.5, c.a) "
+           "* qt_Opacity;\\n}\"";
+    QTest::newRow("shader file flag") << "shader \"wave\""
+                                      << "  shaderVertexFile: true";
+}
+
+void tst_HmiCoreTool::resourceDump()
+{
+    QFETCH(QString, node);
+    QFETCH(QString, line);
+
+    const ToolRun result = run({ "resource", "dump", mEveryKind }, QDir::tempPath());
+    QVERIFY2(result.exitCode == 0, qPrintable(result.err));
+    const QStringList lines = result.out.split(QLatin1Char('\n'));
+
+    // Kinds in their fixed order, names ascending within a kind.
+    QStringList headers;
+    for (const QString& text : lines) {
+        if (!text.isEmpty() && !text.startsWith(QLatin1Char(' '))) {
+            headers.append(text);
+        }
+    }
+    QCOMPARE(headers,
+        (QStringList { "color \"accent\"", "color \"scrim\"", "color \"textPrimary\"",
+            "defaults \"buttonDefaults\"", "font \"caption\"", "font \"title\"", "image \"iconBack\"",
+            "image \"spinner\"", "rectangle \"panel\"", "rectangle \"tile\"", "shader \"dim\"",
+            "shader \"wave\"" }));
+
+    const int start = lines.indexOf(node);
+    QVERIFY(start >= 0);
+    int end = lines.indexOf(QString(), start);
+    if (end < 0) {
+        end = lines.size();
+    }
+    QVERIFY2(
+        lines.mid(start, end - start).contains(line), qPrintable(lines.mid(start, end - start).join('\n')));
+}
+
+void tst_HmiCoreTool::resourceTruncatedBinary_data()
+{
+    // Bytes kept of the compiled every_kind.xml; negative counts from the end.
+    QTest::addColumn<int>("keep");
+
+    QTest::newRow("inside the version") << 6;
+    QTest::newRow("inside the hash length") << 10;
+    QTest::newRow("after the header") << 12;
+    QTest::newRow("inside the first record") << 20;
+    QTest::newRow("half") << 0;
+    QTest::newRow("all but the last byte") << -1;
+}
+
+void tst_HmiCoreTool::resourceTruncatedBinary()
+{
+    QFETCH(int, keep);
+
+    QTemporaryDir directory;
+    QVERIFY(directory.isValid());
+    const QString binary = directory.filePath(QStringLiteral("theme.dat"));
+    const ToolRun compiled = run({ "resource", "compile", mEveryKind, "-o", binary }, directory.path());
+    QVERIFY2(compiled.exitCode == 0, qPrintable(compiled.err));
+
+    QFile file(binary);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    const qint64 size = file.size();
+    QVERIFY(file.resize(keep > 0 ? keep : keep < 0 ? size + keep : size / 2));
+    file.close();
+
+    const ToolRun result = run({ "resource", "dump", binary }, directory.path());
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.out, QString());
+    QCOMPARE(
+        result.err, QStringLiteral("hmicore: cannot load %1: damaged binary resource file\n").arg(binary));
+}
+
+void tst_HmiCoreTool::resourceRejects_data()
+{
+    // "@DIR@" is the temporary directory, "@FIXTURE@" every_kind.xml.
+    QTest::addColumn<QStringList>("arguments");
+    // Written to "@DIR@/input" unless null.
+    QTest::addColumn<QByteArray>("input");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("expectedError");
+
+    const QStringList dumpInput { "resource", "dump", "@DIR@/input" };
+    const QStringList compileInput { "resource", "compile", "@DIR@/input", "-o", "@DIR@/out.dat" };
+
+    QTest::newRow("no subcommand") << QStringList { "resource" } << QByteArray() << 2
+                                   << "hmicore: no subcommand given";
+    QTest::newRow("unknown subcommand") << QStringList { "resource", "build" } << QByteArray() << 2
+                                        << "hmicore: unknown subcommand \"build\"";
+    QTest::newRow("dump without file")
+        << QStringList { "resource", "dump" } << QByteArray() << 2 << "hmicore: no input file given";
+    QTest::newRow("dump of two files") << QStringList { "resource", "dump", "a.xml", "b.xml" } << QByteArray()
+                                       << 2 << "hmicore: unexpected argument \"b.xml\"";
+    QTest::newRow("compile without -o") << QStringList { "resource", "compile", "@FIXTURE@" } << QByteArray()
+                                        << 2 << "hmicore: no output file given (-o FILE)";
+    QTest::newRow("compile without input") << QStringList { "resource", "compile", "-o", "@DIR@/out.dat" }
+                                           << QByteArray() << 2 << "hmicore: no input file given";
+    QTest::newRow("compile with unknown option") << QStringList { "resource", "compile", "@FIXTURE@", "-o",
+        "x", "--hash", "1" } << QByteArray() << 2 << "hash";
+
+    QTest::newRow("missing file") << QStringList { "resource", "dump", "@DIR@/missing.xml" } << QByteArray()
+                                  << 1 << "hmicore: cannot load @DIR@/missing.xml: no such file";
+    QTest::newRow("directory") << QStringList { "resource", "dump", "@DIR@" } << QByteArray() << 1
+                               << "hmicore: cannot load @DIR@: not a file";
+    QTest::newRow("empty file") << dumpInput << QByteArray("") << 1
+                                << "hmicore: cannot load @DIR@/input: empty file";
+    QTest::newRow("text file") << dumpInput << QByteArray("[HmiCore]\nThemesPath=x\n") << 1
+                               << "hmicore: cannot load @DIR@/input: not a resource file";
+    QTest::newRow("other XML") << dumpInput
+                               << QByteArray("<?xml version=\"1.0\"?><language><text/></language>") << 1
+                               << "hmicore: cannot load @DIR@/input: not a resource file";
+    QTest::newRow("magic cut short") << dumpInput << QByteArray("\x24\x77", 2) << 1
+                                     << "hmicore: cannot load @DIR@/input: not a resource file";
+    QTest::newRow("broken XML") << dumpInput
+                                << resourceXml("<color><handle>a</handle><value>1,2,3</value>\n</colour>")
+                                << 1 << "hmicore: cannot load @DIR@/input: line 4, column 9: ";
+    QTest::newRow("other binary version")
+        << dumpInput << binaryHeader(6) + QByteArray(24, '\0') << 1
+        << "hmicore: cannot load @DIR@/input: binary resource file version 6, "
+           "this tool reads version 7";
+    QTest::newRow("compile of a binary file")
+        << compileInput << binaryHeader() + QByteArray(24, '\0') << 1
+        << "hmicore: cannot load @DIR@/input: already a binary resource file";
+    QTest::newRow("compile of broken XML")
+        << compileInput << resourceXml("<color>") << 1 << "hmicore: cannot load @DIR@/input: line ";
+    QTest::newRow("output directory missing")
+        << QStringList { "resource", "compile", "@FIXTURE@", "-o", "@DIR@/none/out.dat" } << QByteArray() << 1
+        << "hmicore: cannot write @DIR@/none/out.dat: no such directory";
+    QTest::newRow("output is a directory") << QStringList { "resource", "compile", "@FIXTURE@", "-o",
+        "@DIR@" } << QByteArray() << 1 << "hmicore: cannot write @DIR@: is a directory";
+}
+
+void tst_HmiCoreTool::resourceRejects()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, input);
+    QFETCH(int, exitCode);
+    QFETCH(QString, expectedError);
+
+    QTemporaryDir directory;
+    QVERIFY(directory.isValid());
+    const QString root = directory.path();
+    if (!input.isNull()) {
+        writeBytes(root + QStringLiteral("/input"), input);
+    }
+    arguments.replaceInStrings(QStringLiteral("@FIXTURE@"), mEveryKind);
+
+    const ToolRun result = run(expand(arguments, root), root);
+    QCOMPARE(result.exitCode, exitCode);
+    QCOMPARE(result.out, QString());
+    // Loading the fixture may log font warnings first; the tool's own message is a line of its own.
+    QVERIFY2(result.err.contains(expand(expectedError, root)), qPrintable(result.err));
+    QCOMPARE(result.err.contains(QLatin1String("Usage: hmicore resource")), exitCode == 2);
+    QVERIFY(!QFileInfo::exists(root + QStringLiteral("/out.dat")));
+}
+
+void tst_HmiCoreTool::languageCompileAndDump()
+{
+    const QString fixture = QFINDTESTDATA("../data/language/en_US.glx");
+    QVERIFY(!fixture.isEmpty());
+    QTemporaryDir directory;
+    QVERIFY(directory.isValid());
+    const QString binary = directory.filePath(QStringLiteral("en_US.glx.dat"));
+    const ToolRun compiled = run({ "language", "compile", fixture, "-o", binary }, directory.path());
+    QVERIFY2(compiled.exitCode == 0, qPrintable(compiled.err));
+
+    const ToolRun fromXml = run({ "language", "dump", fixture }, directory.path());
+    const ToolRun fromBinary = run({ "language", "dump", binary }, directory.path());
+    QVERIFY2(fromXml.exitCode == 0 && fromXml.err.isEmpty(), qPrintable(fromXml.err));
+    QVERIFY2(fromBinary.exitCode == 0 && fromBinary.err.isEmpty(), qPrintable(fromBinary.err));
+    QCOMPARE(fromBinary.out, fromXml.out);
+    // One line per text, the line feed escaped.
+    const QLatin1String line("\n\"STR_TEST2\": text \"Two\\nlines\", pronunciation (none), "
+                             "usage speechrec=false tts=true visual=true\n");
+    QVERIFY2(fromXml.out.contains(line), qPrintable(fromXml.out));
+
+    QFile file(binary);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.resize(file.size() - 1));
+    file.close();
+    const ToolRun damaged = run({ "language", "dump", binary }, directory.path());
+    QCOMPARE(damaged.exitCode, 1);
+    QCOMPARE(damaged.out, QString());
+    QCOMPARE(damaged.err, QStringLiteral("hmicore: cannot load %1: unable to read text nodes\n").arg(binary));
 }
 
 QTEST_GUILESS_MAIN(tst_HmiCoreTool)

@@ -1,10 +1,12 @@
 #include "ConfigCommand.h"
 #include "Console.h"
+#include "LanguageCommand.h"
+#include "ResourceCommand.h"
 
 #include "frame/InstanceTracker.h"
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QStringList>
 
 #include <cstdio>
@@ -26,6 +28,9 @@ struct Command
 const Command sCommands[] = {
     { "config", "Print every HmiCore configuration key with the value the library would use.",
         &runConfigCommand },
+    { "resource", "Compile a resource description to its binary form, or dump its nodes.",
+        &runResourceCommand },
+    { "language", "Compile a language file to its binary form, or dump its texts.", &runLanguageCommand },
 };
 
 QString commandSummary()
@@ -40,12 +45,30 @@ QString commandSummary()
     return text;
 }
 
+QtMessageHandler sPreviousHandler = nullptr;
+
+// Starting the platform plugin, Qt looks for the session's runtime directory and warns when there
+// is none, as in containers and build jobs. The tool never uses it, and scripts read its stderr.
+void dropStartupNoise(QtMsgType aType, const QMessageLogContext& aContext, const QString& aMessage)
+{
+    if (aType == QtWarningMsg && aMessage.startsWith(QLatin1String("QStandardPaths: "))) {
+        return;
+    }
+    sPreviousHandler(aType, aContext, aMessage);
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    // The library's singletons want an application object; nothing here needs a GUI.
-    QCoreApplication app(argc, argv);
+    // Font nodes resolve their QFont against the installed fonts, which needs a GUI application;
+    // no window is ever shown, so the tool runs without a display unless told otherwise.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    sPreviousHandler = qInstallMessageHandler(&dropStartupNoise);
+    QGuiApplication app(argc, argv);
+    qInstallMessageHandler(sPreviousHandler);
     QCoreApplication::setApplicationName(QStringLiteral("hmicore"));
     QCoreApplication::setApplicationVersion(QStringLiteral(HMICORE_VERSION));
 

@@ -1,0 +1,315 @@
+#include "LanguageCommand.h"
+
+#include "Console.h"
+
+#include "language/BinaryLanguageFile.h"
+#include "language/NodeText.h"
+#include "language/XmlLanguageFile.h"
+
+#include <QCommandLineParser>
+#include <QFile>
+#include <QFileInfo>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace Hmi::Core::Tool {
+
+namespace {
+
+const char sGroupUsage[] = "Usage: hmicore language <subcommand> [options]\n"
+                           "\n"
+                           "Subcommands:\n"
+                           "  compile FILE.glx -o FILE.glx.dat\n"
+                           "           Write the binary form of an XML language file.\n"
+                           "  dump FILE\n"
+                           "           Print the catalog and every text of a language file.\n"
+                           "\n"
+                           "Run \"hmicore language <subcommand> --help\" for its options.\n";
+
+QString unreadableReason(const QString& aPath)
+{
+    const QFileInfo info(aPath);
+    if (!info.exists()) {
+        return QStringLiteral("no such file");
+    }
+    if (!info.isFile()) {
+        return QStringLiteral("not a file");
+    }
+    if (!info.isReadable()) {
+        return QStringLiteral("permission denied");
+    }
+    return {};
+}
+
+/// Why aPath could not be written, as far as can be told afterwards.
+QString writeFailureReason(const QString& aPath)
+{
+    const QFileInfo info(aPath);
+    if (info.isDir()) {
+        return QStringLiteral("is a directory");
+    }
+    const QFileInfo directory(info.absolutePath());
+    if (!directory.isDir()) {
+        return QStringLiteral("no such directory");
+    }
+    if (!directory.isWritable()) {
+        return QStringLiteral("permission denied");
+    }
+    return QStringLiteral("write failed");
+}
+
+/// Where the XML of aPath is broken, or an empty text.
+QString xmlProblem(const QString& aPath)
+{
+    QFile file(aPath);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return file.errorString();
+    }
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd()) {
+        reader.readNext();
+    }
+    if (reader.hasError()) {
+        return QStringLiteral("line %1, column %2: %3")
+            .arg(reader.lineNumber())
+            .arg(reader.columnNumber())
+            .arg(reader.errorString());
+    }
+    return {};
+}
+
+bool isBinaryPath(const QString& aPath)
+{
+    // The suffix rule of LanguageFileLazy, so that the tool reads a file the way the library will.
+    return aPath.endsWith(QLatin1String(".dat"));
+}
+
+QSharedPointer<LanguageFile> loadFull(const QString& aPath, QString& aReason)
+{
+    aReason = unreadableReason(aPath);
+    if (!aReason.isEmpty()) {
+        return {};
+    }
+    QSharedPointer<LanguageFile> file;
+    if (isBinaryPath(aPath)) {
+        file = BinaryLanguageFile::load(aPath, false, &aReason);
+    } else {
+        file = XmlLanguageFile::load(aPath, false, &aReason);
+    }
+    if (!file && aReason.isEmpty()) {
+        aReason = QStringLiteral("cannot open");
+    }
+    return file;
+}
+
+// Quoted and escaped so that an empty text shows and a text with line feeds stays on one line;
+// a null text (none given) prints differently from an empty one.
+QString quoted(const QString& aText)
+{
+    if (aText.isNull()) {
+        return QStringLiteral("(none)");
+    }
+    QString result = QStringLiteral("\"");
+    for (const QChar c : aText) {
+        switch (c.unicode()) {
+        case '"':
+            result += QLatin1String("\\\"");
+            break;
+        case '\\':
+            result += QLatin1String("\\\\");
+            break;
+        case '\n':
+            result += QLatin1String("\\n");
+            break;
+        case '\r':
+            result += QLatin1String("\\r");
+            break;
+        case '\t':
+            result += QLatin1String("\\t");
+            break;
+        default:
+            if (c.unicode() < 0x20) {
+                result += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
+            } else {
+                result += c;
+            }
+            break;
+        }
+    }
+    return result + QLatin1Char('"');
+}
+
+QString formatBool(bool aValue)
+{
+    return aValue ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+// The fewest digits that read back as the same float: "1.1", not "1.10000002384".
+QString formatFloat(float aValue)
+{
+    for (int precision = 1; precision < 9; ++precision) {
+        const QString text = QString::number(double(aValue), 'g', precision);
+        if (text.toFloat() == aValue) {
+            return text;
+        }
+    }
+    return QString::number(double(aValue), 'g', 9);
+}
+
+QStringList dump(const LanguageFile& aFile)
+{
+    QStringList lines {
+        QStringLiteral("language: ") + quoted(aFile.getLanguage()),
+        QStringLiteral("displayName: ") + quoted(aFile.getDisplayName()),
+        QStringLiteral("codePage: ") + quoted(aFile.getCodePage()),
+        QStringLiteral("catalogExtra: ") + quoted(aFile.getCatalogExtra()),
+        QStringLiteral("rightToLeft: ") + formatBool(aFile.getRightToLeft()),
+        QStringLiteral("version: ") + formatFloat(aFile.getVersion()),
+    };
+    const LanguageFile::NodeTable& nodes = aFile.getNodes();
+    lines.append(QStringLiteral("texts: ") + QString::number(nodes.size()));
+    QStringList keys = nodes.keys();
+    std::sort(keys.begin(), keys.end());
+    for (const QString& key : qAsConst(keys)) {
+        const NodeText& node = *nodes.value(key);
+        lines.append(quoted(key) + QStringLiteral(": text ") + quoted(node.getText())
+            + QStringLiteral(", pronunciation ") + quoted(node.getPronunciation())
+            + QStringLiteral(", usage speechrec=") + formatBool(node.getUseSpeechRecognition())
+            + QStringLiteral(" tts=") + formatBool(node.getUseTTS()) + QStringLiteral(" visual=")
+            + formatBool(node.getUseVisual()));
+    }
+    return lines;
+}
+
+QCommandLineOption addHelpOption(QCommandLineParser& aParser)
+{
+    const QCommandLineOption helpOption(
+        { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Displays this help."));
+    aParser.addOption(helpOption);
+    return helpOption;
+}
+
+/// Returned by parseOneFile() when the subcommand is to run.
+constexpr int sRun = -1;
+
+/**
+ * Parses aArguments for a subcommand that takes one input file: sRun with aInput set, or the exit
+ * code to return after the help text or a usage error.
+ */
+int parseOneFile(QCommandLineParser& aParser, const QCommandLineOption& aHelpOption, const QString& aName,
+    const QString& aSynopsis, const QStringList& aArguments, QString& aInput)
+{
+    const QString usage = usageText(aParser, aSynopsis);
+    if (!aParser.parse(QStringList { aName } + aArguments)) {
+        return usageError(aParser.errorText(), usage);
+    }
+    if (aParser.isSet(aHelpOption)) {
+        std::fputs(usage.toLocal8Bit().constData(), stdout);
+        return ExitSuccess;
+    }
+    const QStringList files = aParser.positionalArguments();
+    if (files.isEmpty()) {
+        return usageError(QStringLiteral("no input file given"), usage);
+    }
+    if (files.size() > 1) {
+        return usageError(QStringLiteral("unexpected argument \"%1\"").arg(files.at(1)), usage);
+    }
+    aInput = files.constFirst();
+    return sRun;
+}
+
+int runCompile(const QStringList& aArguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Writes the binary form of an XML language file, which loads faster. Texts are stored as\n"
+        "the library reads them: \\n in a visual text becomes a line feed."));
+    const QCommandLineOption helpOption = addHelpOption(parser);
+    const QCommandLineOption outputOption({ QStringLiteral("o"), QStringLiteral("output") },
+        QStringLiteral("The binary file to write, by convention FILE.glx.dat."), QStringLiteral("FILE"));
+    parser.addOption(outputOption);
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The XML language file."));
+
+    QString input;
+    const int parsed = parseOneFile(parser, helpOption, QStringLiteral("hmicore language compile"),
+        QStringLiteral("hmicore language compile [options] FILE -o FILE"), aArguments, input);
+    if (parsed != sRun) {
+        return parsed;
+    }
+    const QString output = parser.value(outputOption);
+    if (output.isEmpty()) {
+        return usageError(QStringLiteral("no output file given (-o FILE)"),
+            usageText(parser, QStringLiteral("hmicore language compile [options] FILE -o FILE")));
+    }
+
+    QString reason = unreadableReason(input);
+    if (reason.isEmpty()) {
+        reason = xmlProblem(input);
+    }
+    QSharedPointer<LanguageFile> file;
+    if (reason.isEmpty()) {
+        // XML whatever the suffix: compiling a binary file again would only copy it.
+        file = XmlLanguageFile::load(input, false, &reason);
+    }
+    if (!file) {
+        return fail(QStringLiteral("cannot load %1: %2").arg(input, reason));
+    }
+    if (!BinaryLanguageFile::save(output, *file)) {
+        return fail(QStringLiteral("cannot write %1: %2").arg(output, writeFailureReason(output)));
+    }
+    return ExitSuccess;
+}
+
+int runDump(const QStringList& aArguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Prints the catalog of a language file and every text on a line of its own, keys ascending.\n"
+        "A file ending in .dat is read as binary, any other as XML. Line feeds print as \\n and a\n"
+        "text that was never given prints as (none)."));
+    const QCommandLineOption helpOption = addHelpOption(parser);
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The language file, XML or binary."));
+
+    QString input;
+    const int parsed = parseOneFile(parser, helpOption, QStringLiteral("hmicore language dump"),
+        QStringLiteral("hmicore language dump [options] FILE"), aArguments, input);
+    if (parsed != sRun) {
+        return parsed;
+    }
+    QString reason;
+    const QSharedPointer<LanguageFile> file = loadFull(input, reason);
+    if (!file) {
+        return fail(QStringLiteral("cannot load %1: %2").arg(input, reason));
+    }
+    const QStringList lines = dump(*file);
+    for (const QString& line : lines) {
+        printLine(line);
+    }
+    return ExitSuccess;
+}
+
+} // namespace
+
+int runLanguageCommand(const QStringList& aArguments)
+{
+    if (aArguments.isEmpty()) {
+        return usageError(QStringLiteral("no subcommand given"), QString::fromLatin1(sGroupUsage));
+    }
+    const QString subcommand = aArguments.constFirst();
+    if (subcommand == QLatin1String("-h") || subcommand == QLatin1String("--help")) {
+        std::fputs(sGroupUsage, stdout);
+        return ExitSuccess;
+    }
+    if (subcommand == QLatin1String("compile")) {
+        return runCompile(aArguments.mid(1));
+    }
+    if (subcommand == QLatin1String("dump")) {
+        return runDump(aArguments.mid(1));
+    }
+    return usageError(
+        QStringLiteral("unknown subcommand \"%1\"").arg(subcommand), QString::fromLatin1(sGroupUsage));
+}
+
+} // namespace Hmi::Core::Tool
