@@ -39,6 +39,10 @@ void LanguageManager::setLanguagesPath(const QString& aPath)
             continue;
         }
         language.identifier = catalog->getLanguage();
+        if (language.identifier.isEmpty()) {
+            qWarning("WARNING: Language file %s names no language; it is ignored.", qUtf8Printable(language.path));
+            continue;
+        }
         language.displayName = catalog->getDisplayName();
         language.rightToLeft = catalog->getRightToLeft();
         const bool known = std::any_of(found.cbegin(), found.cend(),
