@@ -85,6 +85,10 @@ Theme* ThemeManager::getTheme(const QString& aName) const
 
 bool ThemeManager::setCurrentTheme(const QString& aTheme)
 {
+    // Writing the current theme again (a QML binding re-evaluating) keeps the current mode.
+    if (aTheme == getCurrentTheme() && !aTheme.isEmpty()) {
+        return true;
+    }
     if (mPolicy && !mPolicy->allowThemeChange(aTheme, QString())) {
         return false;
     }
@@ -94,6 +98,11 @@ bool ThemeManager::setCurrentTheme(const QString& aTheme)
 bool ThemeManager::setCurrentMode(const QString& aMode)
 {
     const QString theme = getCurrentTheme();
+    // An empty name would mean "the first mode" to activate(); from outside it is a mistake.
+    if (aMode.isEmpty()) {
+        qWarning("WARNING: Theme %s has no mode %s.", qUtf8Printable(theme), qUtf8Printable(aMode));
+        return false;
+    }
     if (mPolicy && !mPolicy->allowThemeChange(theme, aMode)) {
         return false;
     }
@@ -156,14 +165,19 @@ bool ThemeManager::activate(const QString& aTheme, const QString& aMode)
     }
     mActivePackages = loaded;
 
+    // Notify by value, not by object: "day" of one theme and "day" of another are the same mode
+    // to QML, and two themes may offer the same modes.
     const bool themeChanged = theme != mCurrentTheme;
-    const bool modeChanged = mode != mCurrentMode;
+    const bool modeListChanged = theme->getModeNames() != getModes();
+    const bool modeChanged = (mode ? mode->getName() : QString()) != getCurrentMode();
     mCurrentTheme = theme;
     mCurrentMode = mode;
     lock.unlock();
 
     if (themeChanged) {
         emit currentThemeChanged();
+    }
+    if (modeListChanged) {
         emit modesChanged();
     }
     if (modeChanged) {
