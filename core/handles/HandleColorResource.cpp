@@ -1,5 +1,6 @@
 #include "handles/HandleColorResource.h"
 
+#include "handles/CssUtils.h"
 #include "resources/NodeColor.h"
 
 namespace Hmi::Core {
@@ -22,7 +23,8 @@ QColor HandleColorResource::getColor() const
 QString HandleColorResource::getColorCss() const
 {
     const auto node = mState.get<NodeColor>();
-    return node ? node->getColorCss() : HandleColor::getColorCss();
+    // Not HandleColor::getColorCss(): it reads getColor() again, and a miss would be reported twice.
+    return node ? node->getColorCss() : CssUtils::getColorCss(HandleColor::getColor());
 }
 
 } // namespace Hmi::Core

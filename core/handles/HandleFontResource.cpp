@@ -1,5 +1,6 @@
 #include "handles/HandleFontResource.h"
 
+#include "handles/CssUtils.h"
 #include "resources/NodeFont.h"
 
 namespace Hmi::Core {
@@ -22,7 +23,8 @@ QFont HandleFontResource::getFont() const
 QString HandleFontResource::getFontCss() const
 {
     const auto node = mState.get<NodeFont>();
-    return node ? node->getFontCss() : HandleFont::getFontCss();
+    // Not HandleFont::getFontCss(): it reads getFont() again, and a miss would be reported twice.
+    return node ? node->getFontCss() : CssUtils::getFontCss(HandleFont::getFont());
 }
 
 } // namespace Hmi::Core
