@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Sets up a Debian 12 machine for Hmi.Core and runs one of the two jobs:
 #   ./build.sh showcase   build (default preset) and run the showcase on its bundled data
-#   ./build.sh test       build and run the whole suite, in the default and the asan preset
+#   ./build.sh test       build and run the whole suite in the default and the asan preset, and the
+#                         threaded resource tests in the tsan preset
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -44,7 +45,7 @@ case "$job" in
         ./build/default/examples/showcase/showcase --screenshot build/default/showcase.png
         ;;
     test)
-        for preset in default asan; do
+        for preset in default asan tsan; do
             run_preset "$preset"
             ctest --preset "$preset" --parallel "$jobs"
         done
