@@ -5,6 +5,7 @@
 #include "frame/HmiCoreInitializer.h"
 #include "frame/HmiCoreModule.h"
 #include "frame/InstanceTracker.h"
+#include "resources/ThemeManager.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -67,14 +68,22 @@ int saveScreenshot(QGuiApplication& aApp, QQuickWindow& aWindow, const QString& 
     QSharedPointer<QQuickItemGrabResult> grab;
 
     const auto save = [&] {
-        const QImage content = grab->image();
+        QImage content = grab->image();
+        // The software renderer returns the grab as RGB32, yet its pixels carry their coverage in
+        // the alpha byte, zero where nothing was drawn. Taken as opaque, those pixels would be
+        // copied over the clear colour as they are and come out transparent.
+        if (content.format() == QImage::Format_RGB32) {
+            content.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
+        }
         QImage image(content.size(), QImage::Format_ARGB32_Premultiplied);
         image.fill(aWindow.color());
         {
             QPainter painter(&image);
             painter.drawImage(0, 0, content);
         }
-        if (content.isNull() || !image.save(path, "PNG")) {
+        // No alpha channel, since the window is opaque, and the strongest compression: the
+        // screenshots are kept in the repository.
+        if (content.isNull() || !image.convertToFormat(QImage::Format_RGB32).save(path, "PNG", 0)) {
             printLine(stderr, QStringLiteral("cannot write %1").arg(path));
         } else {
             printLine(stdout, QStringLiteral("wrote %1").arg(path));
@@ -107,17 +116,48 @@ int saveScreenshot(QGuiApplication& aApp, QQuickWindow& aWindow, const QString& 
     return exitCode;
 }
 
-int run(QGuiApplication& aApp, QCommandLineParser& aParser, const QCommandLineOption& aScreenshot,
-    const QCommandLineOption& aIni, bool aHeadless)
+struct Options
+{
+    QCommandLineOption screenshot;
+    QCommandLineOption ini;
+    QCommandLineOption theme;
+    QCommandLineOption mode;
+};
+
+// The theme first: switching it selects its first mode, which --mode may then replace.
+bool applyThemeOptions(const QCommandLineParser& aParser, const Options& aOptions)
+{
+    Hmi::Core::ThemeManager& themes = Hmi::Core::ThemeManager::getInstance();
+    if (aParser.isSet(aOptions.theme) && !themes.setCurrentTheme(aParser.value(aOptions.theme))) {
+        printLine(stderr,
+            QStringLiteral("no theme \"%1\"; the themes are: %2")
+                .arg(aParser.value(aOptions.theme), themes.getThemes().join(QStringLiteral(", "))));
+        return false;
+    }
+    if (aParser.isSet(aOptions.mode) && !themes.setCurrentMode(aParser.value(aOptions.mode))) {
+        printLine(stderr,
+            QStringLiteral("theme %1 has no mode \"%2\"; its modes are: %3")
+                .arg(themes.getCurrentTheme(), aParser.value(aOptions.mode),
+                    themes.getModes().join(QStringLiteral(", "))));
+        return false;
+    }
+    return true;
+}
+
+int run(QGuiApplication& aApp, const QCommandLineParser& aParser, const Options& aOptions, bool aHeadless)
 {
     const QString dataDirectory = findDataDirectory();
-    const QString iniPath
-        = aParser.isSet(aIni) ? aParser.value(aIni) : dataDirectory + QStringLiteral("/showcase.ini");
+    const QString iniPath = aParser.isSet(aOptions.ini) ? aParser.value(aOptions.ini)
+                                                        : dataDirectory + QStringLiteral("/showcase.ini");
 
     // Start-up as every product runs it: configuration with its placeholders, then the module.
     const auto timing = QSharedPointer<StartupTimingPolicy>::create();
     Hmi::Core::HmiCoreInitializer initializer(timing);
     initializer.configure(iniPath, { { QStringLiteral("DataRoot"), dataDirectory } });
+    // Before the page exists, so that its first frame already shows the chosen theme.
+    if (!applyThemeOptions(aParser, aOptions)) {
+        return 2;
+    }
 
     const Hmi::Core::HmiCoreConfigs& configs = *Hmi::Core::HmiCoreGlobal::getInstance().configs();
     const QList<QSize> resolutions = configs.getPrimaryDisplayResolution();
@@ -144,8 +184,8 @@ int run(QGuiApplication& aApp, QCommandLineParser& aParser, const QCommandLineOp
     }
 
     if (aHeadless) {
-        const QString path
-            = aParser.isSet(aScreenshot) ? aParser.value(aScreenshot) : QStringLiteral("showcase.png");
+        const QString path = aParser.isSet(aOptions.screenshot) ? aParser.value(aOptions.screenshot)
+                                                                : QStringLiteral("showcase.png");
         return saveScreenshot(aApp, *window, path);
     }
     window->setWindowStates(Qt::WindowStates(configs.getWindowState()));
@@ -164,13 +204,20 @@ int main(int argc, char* argv[])
     const QCommandLineOption helpOption(
         { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Displays this help."));
     parser.addOption(helpOption);
-    const QCommandLineOption screenshotOption(QStringLiteral("screenshot"),
-        QStringLiteral("Render one frame off-screen, save it as a PNG file and exit."),
-        QStringLiteral("FILE"));
-    const QCommandLineOption iniOption(QStringLiteral("ini"),
-        QStringLiteral("The configuration to read (default: data/showcase.ini beside the program)."),
-        QStringLiteral("FILE"));
-    parser.addOptions({ screenshotOption, iniOption });
+    const Options options {
+        { QStringLiteral("screenshot"),
+            QStringLiteral("Render one frame off-screen, save it as a PNG file and exit."),
+            QStringLiteral("FILE") },
+        { QStringLiteral("ini"),
+            QStringLiteral("The configuration to read (default: data/showcase.ini beside the program)."),
+            QStringLiteral("FILE") },
+        { QStringLiteral("theme"), QStringLiteral("Start in theme NAME (default: the first theme found)."),
+            QStringLiteral("NAME") },
+        { QStringLiteral("mode"),
+            QStringLiteral("Start in mode NAME of the theme (default: its first mode)."),
+            QStringLiteral("NAME") },
+    };
+    parser.addOptions({ options.screenshot, options.ini, options.theme, options.mode });
 
     // The platform plugin is chosen while the application object is built, so look at the command
     // line first. Qt's own options ("-platform") are not known yet and may make this parse fail;
@@ -180,7 +227,7 @@ int main(int argc, char* argv[])
         rawArguments.append(QString::fromLocal8Bit(argv[index]));
     }
     parser.parse(rawArguments);
-    const bool headless = parser.isSet(screenshotOption) || !hasDisplay();
+    const bool headless = parser.isSet(options.screenshot) || !hasDisplay();
     if (headless) {
         if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
             qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -212,7 +259,7 @@ int main(int argc, char* argv[])
         return 2;
     }
 
-    const int exitCode = run(app, parser, screenshotOption, iniOption, headless);
+    const int exitCode = run(app, parser, options, headless);
     // The engine is gone; destroy the singletons it did not own while the application still exists.
     Hmi::Core::InstanceTracker::tearDown();
     return exitCode;

@@ -78,6 +78,10 @@ private slots:
     void resourceRejects_data();
     void resourceRejects();
     void languageCompileAndDump();
+    void themeList_data();
+    void themeList();
+    void resourceDumpPackage_data();
+    void resourceDumpPackage();
 
 private:
     ToolRun run(const QStringList& aArguments, const QString& aWorkingDirectory) const;
@@ -86,6 +90,9 @@ private:
     /// Compiles aXml into aDirectory, dumps both files; QVERIFYs that every step succeeds.
     void compileAndDump(const QString& aXml, const QString& aDirectory, QStringList& aXmlDump,
         QStringList& aBinaryDump) const;
+
+    /// Packs aEntries ("alias=file") into the package aPackage with rcc; QVERIFYs that it worked.
+    void pack(const QString& aPackage, const QStringList& aEntries) const;
 
     QString mTool;
     QString mEveryKind;
@@ -470,7 +477,10 @@ void tst_HmiCoreTool::resourceRoundTrip_data()
     QTest::addColumn<int>("nodes");
 
     QTest::newRow("every kind") << QByteArray("@../data/resources/every_kind.xml") << 12;
-    QTest::newRow("showcase") << QByteArray("@../../examples/showcase/data/resources/showcase.xml") << 24;
+    QTest::newRow("showcase") << QByteArray("@../../examples/showcase/data/resources/showcase.xml") << 13;
+    // The build ships this one compiled.
+    QTest::newRow("showcase night package")
+        << QByteArray("@../../examples/showcase/data/resources/aurora_night.xml") << 16;
     QTest::newRow("no nodes") << resourceXml("") << 0;
     QTest::newRow("file names with URL characters")
         << resourceXml("<image><handle>a</handle><file>icon #2 (100%).png</file></image>"
@@ -775,6 +785,226 @@ void tst_HmiCoreTool::languageCompileAndDump()
     QCOMPARE(damaged.exitCode, 1);
     QCOMPARE(damaged.out, QString());
     QCOMPARE(damaged.err, QStringLiteral("hmicore: cannot load %1: unable to read text nodes\n").arg(binary));
+}
+
+void tst_HmiCoreTool::themeList_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    // "path|content", paths relative to the temporary directory "@DIR@".
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("expectedOutput");
+    // Empty: stderr must stay empty.
+    QTest::addColumn<QString>("expectedError");
+
+    const QStringList list { "theme", "list", "--ini", "@DIR@/conf/app.ini" };
+    const QString ini = QStringLiteral("conf/app.ini|[HmiCore]\nThemesPath=../themes\n");
+    const QString ocean = QStringLiteral(
+        "themes/ocean.xml|<theme name=\"Ocean\"><package>ocean.rcc</package><package>shared.rcc</package>"
+        "<mode name=\"day\"><package>ocean_day.rcc</package></mode>"
+        "<mode name=\"night\"><package>ocean_night.rcc</package></mode></theme>");
+    const QString oceanListing = QStringLiteral("theme \"Ocean\" (default)\n"
+                                                "  file: @DIR@/conf/../themes/ocean.xml\n"
+                                                "  packages: ocean.rcc, shared.rcc (missing)\n"
+                                                "  mode \"day\" (default): ocean_day.rcc\n"
+                                                "  mode \"night\": ocean_night.rcc (missing)\n");
+    const QStringList oceanPackages { "themes/ocean.rcc|x", "themes/ocean_day.rcc|x" };
+
+    QTest::newRow("packages found or missing")
+        << list << QStringList { ini, ocean } + oceanPackages << 0 << oceanListing << QString();
+    QTest::newRow("file name order decides the default")
+        << list
+        << QStringList { ini, "themes/b.xml|<theme name=\"Alpha\"><mode name=\"m\"/></theme>",
+               "themes/a.xml|<theme name=\"Zulu\"><package>z.rcc</package></theme>" }
+        << 0
+        << "theme \"Zulu\" (default)\n  file: @DIR@/conf/../themes/a.xml\n  packages: z.rcc (missing)\n"
+           "  modes: (none)\n\ntheme \"Alpha\"\n  file: @DIR@/conf/../themes/b.xml\n  packages: (none)\n"
+           "  mode \"m\" (default): (none)\n"
+        << QString();
+    QTest::newRow("first file keeps a name")
+        << list << QStringList { ini, ocean, "themes/second.xml|<theme name=\"Ocean\"/>" } + oceanPackages
+        << 0 << oceanListing
+        << "hmicore: @DIR@/conf/../themes/second.xml: theme \"Ocean\" is already known; the file is ignored";
+    QTest::newRow("unnamed theme takes the file name")
+        << list << QStringList { ini, "themes/plain.theme.xml|<theme><package>p.rcc</package></theme>" } << 0
+        << "theme \"plain.theme\" (default)\n  file: @DIR@/conf/../themes/plain.theme.xml\n"
+           "  packages: p.rcc (missing)\n  modes: (none)\n"
+        << QString();
+    QTest::newRow("not a theme is skipped")
+        << list << QStringList { ini, ocean, "themes/0_notes.xml|<NvkQtResourceFile/>" } + oceanPackages << 0
+        << oceanListing << "WARNING: Theme file @DIR@/conf/../themes/0_notes.xml is not a valid theme.";
+    QTest::newRow("placeholder in ThemesPath")
+        << list + QStringList { "--placeholder", "Root=@DIR@" }
+        << QStringList { "conf/app.ini|[HmiCore]\nThemesPath=%%Root%%/themes\n",
+               "themes/ocean.xml|<theme name=\"Ocean\"/>" }
+        << 0
+        << "theme \"Ocean\" (default)\n  file: @DIR@/themes/ocean.xml\n  packages: (none)\n  modes: (none)\n"
+        << QString();
+
+    QTest::newRow("only theme files directly in ThemesPath")
+        << list
+        << QStringList { ini, "themes/sub/ocean.xml|<theme name=\"Ocean\"/>", "themes/ocean.rcc|x",
+               "themes/ocean.theme|<theme name=\"Ocean\"/>" }
+        << 1 << QString() << "hmicore: no themes found in @DIR@/conf/../themes\n";
+    QTest::newRow("no themes directory")
+        << list << QStringList { ini } << 1 << QString()
+        << "hmicore: no themes found in @DIR@/conf/../themes: no such directory";
+    QTest::newRow("unreadable ini") << QStringList { "theme", "list", "--ini", "@DIR@/missing.ini" }
+                                    << QStringList {} << 1 << QString()
+                                    << "hmicore: cannot read @DIR@/missing.ini: no such file";
+    QTest::newRow("unknown subcommand") << QStringList { "theme", "show" } << QStringList {} << 2 << QString()
+                                        << "hmicore: unknown subcommand \"show\"";
+}
+
+void tst_HmiCoreTool::themeList()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QStringList, files);
+    QFETCH(int, exitCode);
+    QFETCH(QString, expectedOutput);
+    QFETCH(QString, expectedError);
+
+    QTemporaryDir directory;
+    QVERIFY(directory.isValid());
+    const QString root = directory.path();
+    for (const QString& file : qAsConst(files)) {
+        const int separator = file.indexOf(QLatin1Char('|'));
+        writeFile(root + QLatin1Char('/') + file.left(separator), file.mid(separator + 1));
+    }
+
+    const ToolRun result = run(expand(arguments, root), root);
+    QCOMPARE(result.exitCode, exitCode);
+    QCOMPARE(result.out, expand(expectedOutput, root));
+    if (expectedError.isEmpty()) {
+        QCOMPARE(result.err, QString());
+    } else {
+        QVERIFY2(result.err.contains(expand(expectedError, root)), qPrintable(result.err));
+    }
+}
+
+void tst_HmiCoreTool::pack(const QString& aPackage, const QStringList& aEntries) const
+{
+    QString qrc = QStringLiteral("<!DOCTYPE RCC><RCC version=\"1.0\"><qresource prefix=\"/\">\n");
+    for (const QString& entry : aEntries) {
+        const int equals = entry.indexOf(QLatin1Char('='));
+        qrc += QStringLiteral("<file alias=\"%1\">%2</file>\n")
+                   .arg(entry.left(equals), entry.mid(equals + 1));
+    }
+    qrc += QStringLiteral("</qresource></RCC>\n");
+    const QString qrcPath = aPackage + QStringLiteral(".qrc");
+    writeFile(qrcPath, qrc);
+
+    QProcess process;
+#ifdef HMICORE_RCC_PATH
+    process.start(QStringLiteral(HMICORE_RCC_PATH),
+        { QStringLiteral("-binary"), qrcPath, QStringLiteral("-o"), aPackage });
+#endif
+    QVERIFY(process.waitForFinished(30000));
+    QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
+}
+
+void tst_HmiCoreTool::resourceDumpPackage_data()
+{
+    QTest::addColumn<QString>("package");
+    // "alias=source"; the sources are written by the test: a.xml and b.xml (descriptions that
+    // differ), a.dat (a.xml compiled), a.cache (a.dat with a content hash, like a cache file),
+    // icon.png and broken.xml.
+    QTest::addColumn<QStringList>("entries");
+    QTest::addColumn<int>("exitCode");
+    // With exit code 0, the description whose own dump stdout must equal; otherwise a part of stderr.
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("XML description") << "theme.rcc" << QStringList { "theme.xml=a.xml", "icon.png=icon.png" }
+                                     << 0 << "a.xml";
+    QTest::newRow("pre-built description wins")
+        << "theme.rcc" << QStringList { "theme.xml=b.xml", "theme.dat=a.dat" } << 0 << "a.xml";
+    QTest::newRow("name ends at the first dot")
+        << "theme.v2.rcc" << QStringList { "theme.xml=a.xml", "theme.v2.xml=b.xml" } << 0 << "a.xml";
+    QTest::newRow("any extension") << "theme.pkg" << QStringList { "theme.xml=a.xml" } << 0 << "a.xml";
+
+    QTest::newRow("description named after another package")
+        << "other.rcc" << QStringList { "theme.xml=a.xml" } << 1
+        << "hmicore: cannot load @DIR@/other.rcc: the package holds neither other.dat nor other.xml";
+    QTest::newRow("cache file as the description")
+        << "theme.rcc" << QStringList { "theme.dat=a.cache", "theme.xml=a.xml" } << 1
+        << "hmicore: cannot load @DIR@/theme.rcc: theme.dat in the package: a cache file, not a pre-built "
+           "binary resource file";
+    QTest::newRow("XML under the binary name")
+        << "theme.rcc" << QStringList { "theme.dat=a.xml" } << 1
+        << "hmicore: cannot load @DIR@/theme.rcc: theme.dat in the package: not a binary resource file";
+    QTest::newRow("broken XML")
+        << "theme.rcc" << QStringList { "theme.xml=broken.xml" } << 1
+        << "hmicore: cannot load @DIR@/theme.rcc: theme.xml in the package: line 4, column 20: ";
+    // No entries: the package is the magic of one, and garbage.
+    QTest::newRow("damaged package") << "theme.rcc" << QStringList {} << 1
+                                     << "hmicore: cannot load @DIR@/theme.rcc: damaged resource package";
+}
+
+void tst_HmiCoreTool::resourceDumpPackage()
+{
+    QFETCH(QString, package);
+    QFETCH(QStringList, entries);
+    QFETCH(int, exitCode);
+    QFETCH(QString, expected);
+#ifndef HMICORE_RCC_PATH
+    QSKIP("This build does not say where rcc is");
+#endif
+
+    QTemporaryDir directory;
+    QVERIFY(directory.isValid());
+    const QString root = directory.path();
+    const QString sources = root + QStringLiteral("/sources/");
+    // A file name with URL characters: inside a package it must still print as written.
+    writeFile(sources + QStringLiteral("a.xml"),
+        QString::fromUtf8(
+            resourceXml("<color><handle>c</handle><value>1,2,3</value></color>"
+                        "<image><handle>i</handle><file>icon #1 (100%).png</file><width>4</width></image>"
+                        "<rectangle><handle>r</handle><file>icon.png</file></rectangle>")));
+    writeFile(sources + QStringLiteral("b.xml"),
+        QString::fromUtf8(resourceXml("<color><handle>c</handle><value>4,5,6</value></color>")));
+    writeFile(sources + QStringLiteral("broken.xml"), QString::fromUtf8(resourceXml("<color>")));
+    writeBytes(sources + QStringLiteral("icon.png"), QByteArray("not really an image"));
+    const ToolRun compiled = run({ "resource", "compile", sources + "a.xml", "-o", sources + "a.dat" }, root);
+    QVERIFY2(compiled.exitCode == 0, qPrintable(compiled.err));
+    {
+        QFile file(sources + QStringLiteral("a.dat"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray prebuilt = file.readAll();
+        // Magic and version as they are, then a 20-byte hash instead of none.
+        QByteArray cache = prebuilt.left(8);
+        QDataStream stream(&cache, QIODevice::Append);
+        stream.setByteOrder(QDataStream::LittleEndian);
+        stream << quint32(20);
+        cache += QByteArray(20, '\x5a') + prebuilt.mid(12);
+        writeBytes(sources + QStringLiteral("a.cache"), cache);
+    }
+
+    const QString packagePath = root + QLatin1Char('/') + package;
+    if (entries.isEmpty()) {
+        writeBytes(packagePath, QByteArray("qres") + QByteArray(64, '\x01'));
+    } else {
+        QStringList absolute;
+        for (const QString& entry : qAsConst(entries)) {
+            absolute.append(entry.section(QLatin1Char('='), 0, 0) + QLatin1Char('=') + sources
+                + entry.section(QLatin1Char('='), 1));
+        }
+        pack(packagePath, absolute);
+        if (QTest::currentTestFailed()) {
+            return;
+        }
+    }
+
+    const ToolRun result = run({ "resource", "dump", packagePath }, root);
+    QCOMPARE(result.exitCode, exitCode);
+    if (exitCode != 0) {
+        QCOMPARE(result.out, QString());
+        QVERIFY2(result.err.contains(expand(expected, root)), qPrintable(result.err));
+        return;
+    }
+    QCOMPARE(result.err, QString());
+    const ToolRun reference = run({ "resource", "dump", sources + expected }, root);
+    QVERIFY2(reference.exitCode == 0, qPrintable(reference.err));
+    QCOMPARE(result.out, reference.out);
 }
 
 QTEST_GUILESS_MAIN(tst_HmiCoreTool)

@@ -17,6 +17,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
+#include <QResource>
+#include <QUuid>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -35,7 +37,8 @@ const char sGroupUsage[] = "Usage: hmicore resource <subcommand> [options]\n"
                            "  compile FILE.xml -o FILE.dat [--base-path DIR]\n"
                            "           Write the binary form of an XML resource description.\n"
                            "  dump FILE\n"
-                           "           Print every node of an XML or binary resource description.\n"
+                           "           Print every node of an XML or binary resource description, or of\n"
+                           "           the description in a resource package (.rcc).\n"
                            "\n"
                            "Run \"hmicore resource <subcommand> --help\" for its options.\n";
 
@@ -120,9 +123,8 @@ QString directoryOf(const QString& aPath)
     return directory;
 }
 
-/// Loads aPath as XML, or as binary when it starts with the magic and aAllowBinary is set.
-std::unique_ptr<ResourceFile> loadDescription(
-    const QString& aPath, const QString& aBasePath, bool aAllowBinary, QString& aReason)
+/// The bytes of the description aPath, or an empty array with aReason set.
+QByteArray readDescription(const QString& aPath, QString& aReason)
 {
     aReason = unreadableReason(aPath);
     if (!aReason.isEmpty()) {
@@ -134,38 +136,47 @@ std::unique_ptr<ResourceFile> loadDescription(
         return {};
     }
     const QByteArray data = file.readAll();
-    file.close();
     if (data.isEmpty()) {
         aReason = QStringLiteral("empty file");
+    }
+    return data;
+}
+
+/**
+ * Loads the binary description aData read from aPath. With aPrebuiltOnly, a file that carries a
+ * content hash (a cache file) is refused, as the resource manager refuses it inside a package.
+ */
+std::unique_ptr<ResourceFile> loadBinary(const QString& aPath, const QByteArray& aData,
+    const QString& aBasePath, bool aPrebuiltOnly, QString& aReason)
+{
+    qint32 version = 0;
+    QByteArray hash;
+    if (!readHeader(aData, version, hash)) {
+        aReason = QStringLiteral("damaged binary resource file");
         return {};
     }
-
-    if (isBinary(data)) {
-        if (!aAllowBinary) {
-            aReason = QStringLiteral("already a binary resource file");
-            return {};
-        }
-        qint32 version = 0;
-        QByteArray hash;
-        if (!readHeader(data, version, hash)) {
-            aReason = QStringLiteral("damaged binary resource file");
-            return {};
-        }
-        if (version != BinaryResourceFile::sVersion) {
-            aReason = QStringLiteral("binary resource file version %1, this tool reads version %2")
-                          .arg(version)
-                          .arg(BinaryResourceFile::sVersion);
-            return {};
-        }
-        auto binary = std::make_unique<BinaryResourceFile>();
-        if (!binary->loadFile(aPath, aBasePath, hash)) {
-            aReason = QStringLiteral("damaged binary resource file");
-            return {};
-        }
-        return binary;
+    if (version != BinaryResourceFile::sVersion) {
+        aReason = QStringLiteral("binary resource file version %1, this tool reads version %2")
+                      .arg(version)
+                      .arg(BinaryResourceFile::sVersion);
+        return {};
     }
+    if (aPrebuiltOnly && !hash.isEmpty()) {
+        aReason = QStringLiteral("a cache file, not a pre-built binary resource file");
+        return {};
+    }
+    auto binary = std::make_unique<BinaryResourceFile>();
+    if (!binary->loadFile(aPath, aBasePath, hash)) {
+        aReason = QStringLiteral("damaged binary resource file");
+        return {};
+    }
+    return binary;
+}
 
-    aReason = xmlProblem(data);
+std::unique_ptr<ResourceFile> loadXml(
+    const QString& aPath, const QByteArray& aData, const QString& aBasePath, QString& aReason)
+{
+    aReason = xmlProblem(aData);
     if (!aReason.isEmpty()) {
         return {};
     }
@@ -176,6 +187,97 @@ std::unique_ptr<ResourceFile> loadDescription(
     }
     return xml;
 }
+
+/// Loads aPath as XML, or as binary when it starts with the magic and aAllowBinary is set.
+std::unique_ptr<ResourceFile> loadDescription(
+    const QString& aPath, const QString& aBasePath, bool aAllowBinary, QString& aReason)
+{
+    const QByteArray data = readDescription(aPath, aReason);
+    if (data.isEmpty()) {
+        return {};
+    }
+    if (isBinary(data)) {
+        if (!aAllowBinary) {
+            aReason = QStringLiteral("already a binary resource file");
+            return {};
+        }
+        return loadBinary(aPath, data, aBasePath, false, aReason);
+    }
+    return loadXml(aPath, data, aBasePath, aReason);
+}
+
+bool isPackage(const QString& aPath)
+{
+    QFile file(aPath);
+    return file.open(QIODevice::ReadOnly) && file.read(4) == "qres";
+}
+
+/**
+ * A resource package registered with Qt's resource system for as long as the object lives, and
+ * its description, chosen and read as the resource manager does: "<base name>.dat" when the
+ * package holds it (a pre-built description), "<base name>.xml" otherwise, where the base name
+ * ends at the package file name's first dot. Image and shader files resolve inside the package.
+ */
+class Package final
+{
+public:
+    explicit Package(const QString& aPath)
+        : mPath(QFileInfo(aPath).absoluteFilePath())
+        // Unique, so that no other registration can shadow the package's files.
+        , mRoot(QStringLiteral("/hmicore-dump-") + QUuid::createUuid().toString(QUuid::WithoutBraces))
+    { }
+    ~Package()
+    {
+        if (mRegistered) {
+            QResource::unregisterResource(mPath, mRoot);
+        }
+    }
+    Q_DISABLE_COPY(Package)
+
+    /// What the resource manager prefixes the files of the package with.
+    QString basePath() const { return QStringLiteral("qrc:") + mRoot + QLatin1Char('/'); }
+
+    std::unique_ptr<ResourceFile> load(QString& aReason)
+    {
+        mRegistered = QResource::registerResource(mPath, mRoot);
+        if (!mRegistered) {
+            aReason = QStringLiteral("damaged resource package");
+            return {};
+        }
+        const QString base = QFileInfo(mPath).baseName();
+        const QString directory = QLatin1Char(':') + mRoot + QLatin1Char('/');
+        const QString datPath = directory + base + QStringLiteral(".dat");
+        const QString xmlPath = directory + base + QStringLiteral(".xml");
+        const bool isDat = QFile::exists(datPath);
+        if (!isDat && !QFile::exists(xmlPath)) {
+            aReason = QStringLiteral("the package holds neither %1.dat nor %1.xml").arg(base);
+            return {};
+        }
+        const QString path = isDat ? datPath : xmlPath;
+        const QString name = path.mid(directory.size());
+        QString reason;
+        std::unique_ptr<ResourceFile> file;
+        const QByteArray data = readDescription(path, reason);
+        if (data.isEmpty()) {
+            // reason says why.
+        } else if (!isDat) {
+            file = loadXml(path, data, basePath(), reason);
+        } else if (isBinary(data)) {
+            file = loadBinary(path, data, basePath(), true, reason);
+        } else {
+            reason = QStringLiteral("not a binary resource file");
+        }
+        if (!file) {
+            aReason = name + QStringLiteral(" in the package: ") + reason;
+        }
+        return file;
+    }
+
+private:
+    const QString mPath;
+    const QString mRoot;
+    bool mRegistered = false;
+};
 
 // ---- Formatting -----------------------------------------------------------------------------
 
@@ -329,6 +431,16 @@ QString formatSource(const QUrl& aSource, const QString& aBasePath)
     if (aSource.isLocalFile()) {
         const QString path = aSource.toLocalFile();
         return quoted(path.startsWith(aBasePath) ? path.mid(aBasePath.size()) : path);
+    }
+    // Inside a package: the base path is "qrc:/<root>/". Compared decoded, so that a file name
+    // with URL characters prints as written.
+    static const QString sQrc = QStringLiteral("qrc:");
+    if (aSource.scheme() == QLatin1String("qrc") && aBasePath.startsWith(sQrc)) {
+        const QString path = aSource.path(QUrl::FullyDecoded);
+        const QString root = aBasePath.mid(sQrc.size());
+        if (path.startsWith(root)) {
+            return quoted(path.mid(root.size()));
+        }
     }
     return quoted(aSource.toString(QUrl::PreferLocalFile));
 }
@@ -564,10 +676,13 @@ int runDump(const QStringList& aArguments)
         "Prints every node of an XML or binary resource description, one block per node, kind by\n"
         "kind and name by name. An XML description and its compiled form print the same text, but\n"
         "for what the binary form does not keep: the directory part of an image file, an invalid\n"
-        "colour (read back as opaque black) and the fraction of a font's point size."));
+        "colour (read back as opaque black) and the fraction of a font's point size.\n"
+        "Given a resource package (.rcc), prints the description in it that the resource manager\n"
+        "would read: NAME.dat, else NAME.xml, where NAME is the package's file name up to its\n"
+        "first dot. File names then print relative to the package."));
     const QCommandLineOption helpOption = addHelpOption(parser);
-    parser.addPositionalArgument(
-        QStringLiteral("FILE"), QStringLiteral("The resource description, XML or binary."));
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+        QStringLiteral("The resource description, XML or binary, or a resource package."));
 
     const QString usage = usageText(parser, QStringLiteral("hmicore resource dump [options] FILE"));
     if (!parser.parse(QStringList { QStringLiteral("hmicore resource dump") } + aArguments)) {
@@ -586,9 +701,18 @@ int runDump(const QStringList& aArguments)
     }
 
     const QString input = files.constFirst();
-    const QString basePath = directoryOf(input);
+    QString basePath = directoryOf(input);
     QString reason;
-    const std::unique_ptr<ResourceFile> file = loadDescription(input, basePath, true, reason);
+    std::unique_ptr<ResourceFile> file;
+    // Registered until the dump is printed.
+    std::unique_ptr<Package> package;
+    if (isPackage(input)) {
+        package = std::make_unique<Package>(input);
+        basePath = package->basePath();
+        file = package->load(reason);
+    } else {
+        file = loadDescription(input, basePath, true, reason);
+    }
     if (!file) {
         return fail(QStringLiteral("cannot load %1: %2").arg(input, reason));
     }

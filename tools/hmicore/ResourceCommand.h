@@ -13,6 +13,8 @@ namespace Hmi::Core::Tool {
  *   one block per node. The text is the same for an XML description and its compiled form, except
  *   where the binary form drops information: an image file's directory part, an invalid colour
  *   (written as opaque black) and the fraction of a font's point size.
+ *   Given a resource package (.rcc), it prints the description inside that the resource manager
+ *   would read, with file names relative to the package.
  *
  * \code
  * $ hmicore resource dump theme.xml

@@ -2,6 +2,7 @@
 #include "Console.h"
 #include "LanguageCommand.h"
 #include "ResourceCommand.h"
+#include "ThemeCommand.h"
 
 #include "frame/InstanceTracker.h"
 
@@ -31,6 +32,7 @@ const Command sCommands[] = {
     { "resource", "Compile a resource description to its binary form, or dump its nodes.",
         &runResourceCommand },
     { "language", "Compile a language file to its binary form, or dump its texts.", &runLanguageCommand },
+    { "theme", "List the themes that the configuration's ThemesPath holds.", &runThemeCommand },
 };
 
 QString commandSummary()

@@ -1,20 +1,19 @@
 import QtQuick 2.15
 
-// A titled panel of label/value rows; rows is a list of { label, value } objects.
-Rectangle {
+// A titled panel of label/value rows in the theme's colours; rows is a list of { label, value }.
+ThemedRectangle {
     id: card
 
+    property ThemeHandles handles
     property string title
     property var rows: []
-    property color accent: "#4fc3f7"
-    property int labelWidth: 240
+    property color accent: handles.accent.color
+    property int labelWidth: 200
 
-    readonly property int padding: 20
+    readonly property int padding: 14
 
+    handle: handles.panelBackground
     implicitHeight: content.implicitHeight + 2 * padding
-    radius: 12
-    color: "#242c36"
-    border.color: "#303a46"
 
     Column {
         id: content
@@ -22,11 +21,11 @@ Rectangle {
         x: card.padding
         y: card.padding
         width: card.width - 2 * card.padding
-        spacing: 9
+        spacing: 2
 
         Row {
             spacing: 10
-            bottomPadding: 6
+            bottomPadding: 4
 
             Rectangle {
                 width: 4
@@ -37,9 +36,8 @@ Rectangle {
             Text {
                 id: titleText
                 text: card.title
-                color: "#eef2f6"
-                font.pixelSize: 20
-                font.bold: true
+                color: card.handles.textPrimary.color
+                font: card.handles.title.font
             }
         }
 
@@ -52,16 +50,15 @@ Rectangle {
                 Text {
                     width: card.labelWidth
                     text: modelData.label
-                    color: "#8d9db0"
-                    font.pixelSize: 15
+                    color: card.handles.textSecondary.color
+                    font: card.handles.caption.font
                     elide: Text.ElideRight
                 }
                 Text {
                     width: content.width - card.labelWidth
                     text: String(modelData.value)
-                    color: "#eef2f6"
-                    font.family: "monospace"
-                    font.pixelSize: 15
+                    color: card.handles.textPrimary.color
+                    font: card.handles.mono.font
                     elide: Text.ElideMiddle
                 }
             }

@@ -12,7 +12,7 @@ Window {
     property var startupTimings: []
 
     readonly property var configs: HmiCore.configs
-    readonly property int margin: 28
+    readonly property int margin: 24
 
     function windowStateName(aState) {
         switch (aState) {
@@ -27,14 +27,20 @@ Window {
     width: 1280
     height: 720
     title: "Hmi.Core showcase"
-    color: "#1a2028"
+    color: theme.background.color
+
+    ThemeHandles {
+        id: theme
+    }
+
+    // ---- Header: title and the theme and mode switches ----------------------------------------
 
     Rectangle {
         id: header
 
         width: parent.width
-        height: 84
-        color: "#212933"
+        height: 80
+        color: theme.surface.color
 
         Column {
             anchors.left: parent.left
@@ -44,140 +50,377 @@ Window {
 
             Text {
                 text: "Hmi.Core showcase"
-                color: "#eef2f6"
-                font.pixelSize: 28
-                font.bold: true
+                color: theme.textPrimary.color
+                font: theme.heading.font
             }
             Text {
-                text: "Configured from " + root.configFile
-                color: "#8d9db0"
-                font.pixelSize: 14
+                text: "Theme " + ThemeManager.currentTheme + ", " + ThemeManager.currentMode
+                    + " mode \u00b7 configured from " + root.configFile
+                color: theme.textSecondary.color
+                font: theme.caption.font
+                width: 700
+                elide: Text.ElideMiddle
             }
         }
 
-        Text {
+        Row {
             anchors.right: parent.right
             anchors.rightMargin: root.margin
             anchors.verticalCenter: parent.verticalCenter
-            text: "import Hmi.Core 1.0"
-            color: "#4fc3f7"
-            font.family: "monospace"
-            font.pixelSize: 16
+            spacing: 8
+
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                rightPadding: 4
+                text: "Theme"
+                color: theme.textSecondary.color
+                font: theme.caption.font
+            }
+            Repeater {
+                model: ThemeManager.themes
+
+                ThemeButton {
+                    handles: theme
+                    text: modelData
+                    checked: modelData === ThemeManager.currentTheme
+                    onClicked: ThemeManager.setCurrentTheme(modelData)
+                }
+            }
+            Item {
+                width: 16
+                height: 1
+            }
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                rightPadding: 4
+                text: "Mode"
+                color: theme.textSecondary.color
+                font: theme.caption.font
+            }
+            Repeater {
+                model: ThemeManager.modes
+
+                ThemeButton {
+                    handles: theme
+                    text: modelData
+                    checked: modelData === ThemeManager.currentMode
+                    onClicked: ThemeManager.setCurrentMode(modelData)
+                }
+            }
         }
 
         Rectangle {
             width: parent.width
             height: 2
             anchors.bottom: parent.bottom
-            color: "#4fc3f7"
-            opacity: 0.6
+            color: theme.accent.color
         }
     }
 
-    Row {
-        id: body
+    // ---- The current theme, drawn from its handles --------------------------------------------
+
+    ThemedRectangle {
+        id: themePanel
 
         x: root.margin
         y: header.height + root.margin
-        width: root.width - 2 * root.margin
-        spacing: root.margin
-
-        readonly property int sideWidth: 560
-
-        InfoCard {
-            id: configCard
-
-            width: body.width - body.spacing - body.sideWidth
-            title: "Configuration"
-            labelWidth: 210
-            rows: [
-                { label: "FontFamilyDefault", value: root.configs.getFontFamilyDefault() },
-                { label: "Application font", value: Qt.application.font.family },
-                { label: "ThemesPath", value: root.configs.getThemesPath() },
-                { label: "LanguagesPath", value: root.configs.getLanguagesPath() },
-                { label: "KeyboardsPath", value: root.configs.getKeyboardsPath() },
-                { label: "ResourceCachePath", value: root.configs.getResourceCachePath() },
-                { label: "StringDatabaseName", value: root.configs.getStringDatabaseName() },
-                { label: "PrimaryDisplayResolution", value: root.primaryResolution },
-                { label: "WindowState", value: root.windowStateName(root.configs.getWindowState()) },
-                { label: "IntervalPressAndHold", value: root.configs.getIntervalPressAndHold() + " ms" },
-                { label: "TouchDragStartDistance", value: root.configs.getTouchDragStartDistance() + " px" },
-                { label: "Press-and-hold in use", value: HmiCore.getTouchPressAndHoldInterval() + " ms" },
-                { label: "Drag distance in use", value: HmiCore.getTouchStartDragDistance() + " px" }
-            ]
-        }
+        width: 728
+        height: footer.y - y - 16
+        handle: theme.panelBackground
 
         Column {
-            width: body.sideWidth
-            spacing: root.margin
+            x: 20
+            y: 18
+            width: parent.width - 40
+            spacing: 10
 
-            InfoCard {
-                width: parent.width
-                title: "Enumerations"
-                accent: "#ffb74d"
-                labelWidth: 360
-                rows: [
-                    { label: "HmiCore.ApplicationViewModeSettings", value: HmiCore.ApplicationViewModeSettings },
-                    { label: "HmiCore.GRADIENT_TYPE_LINEAR", value: HmiCore.GRADIENT_TYPE_LINEAR },
-                    { label: "HmiCore.HMI_IMAGE_TILE_MODE_PAD", value: HmiCore.HMI_IMAGE_TILE_MODE_PAD },
-                    { label: "HmiCore.KEYBOARD_TYPE_QT", value: HmiCore.KEYBOARD_TYPE_QT },
-                    { label: "HmiCore.TOUCH_INPUT_GESTURE_TYPE_PINCH", value: HmiCore.TOUCH_INPUT_GESTURE_TYPE_PINCH }
-                ]
+            Text {
+                text: "Rectangle, image and shader"
+                color: theme.textPrimary.color
+                font: theme.title.font
             }
 
-            InfoCard {
+            Row {
+                spacing: 16
+
+                Column {
+                    spacing: 6
+
+                    ThemedRectangle {
+                        id: hero
+
+                        width: 300
+                        height: 164
+                        handle: theme.heroGradient
+
+                        Image {
+                            id: emblem
+
+                            anchors.centerIn: parent
+                            source: theme.emblem.source
+                            width: theme.emblem.implicitSize.width
+                            height: theme.emblem.implicitSize.height
+                        }
+                    }
+                    Text {
+                        width: hero.width
+                        wrapMode: Text.WordWrap
+                        text: "heroGradient: " + (theme.heroGradient.gradientStops.length) + " stops, "
+                            + (Math.abs(theme.heroGradient.gradientEnd.x - theme.heroGradient.gradientBegin.x)
+                               > Math.abs(theme.heroGradient.gradientEnd.y - theme.heroGradient.gradientBegin.y)
+                               ? "horizontal" : "vertical")
+                        color: theme.textSecondary.color
+                        font: theme.caption.font
+                    }
+                }
+
+                Column {
+                    spacing: 6
+
+                    Rectangle {
+                        id: effectBox
+
+                        width: 176
+                        height: 164
+                        radius: theme.heroGradient.radius
+                        color: theme.surfaceRaised.color
+                        border.color: theme.divider.color
+
+                        EmblemEffect {
+                            id: effect
+
+                            anchors.centerIn: parent
+                            width: emblem.width
+                            height: emblem.height
+                            handles: theme
+                            source: emblem
+                            tint: theme.accent.color
+                        }
+                    }
+                    Text {
+                        width: effectBox.width
+                        wrapMode: Text.WordWrap
+                        text: "emblemEffect, strength " + effect.values.strength
+                            + (effect.shadersRun ? "" : " (software renderer: tint only)")
+                        color: theme.textSecondary.color
+                        font: theme.caption.font
+                    }
+                }
+
+                Column {
+                    spacing: 6
+
+                    Rectangle {
+                        id: providerBox
+
+                        width: 176
+                        height: 164
+                        radius: theme.heroGradient.radius
+                        color: theme.surfaceRaised.color
+                        border.color: theme.divider.color
+
+                        Image {
+                            anchors.horizontalCenter: parent.horizontalCenter
+                            y: 18
+                            width: 72
+                            height: 72
+                            sourceSize: Qt.size(72, 72)
+                            source: theme.providerImage("emblem")
+                        }
+                        Row {
+                            anchors.horizontalCenter: parent.horizontalCenter
+                            anchors.bottom: parent.bottom
+                            anchors.bottomMargin: 14
+                            spacing: -12
+
+                            Repeater {
+                                model: 3
+
+                                Image {
+                                    source: theme.providerImage("iconChevronRight")
+                                }
+                            }
+                        }
+                    }
+                    Text {
+                        width: providerBox.width
+                        wrapMode: Text.WordWrap
+                        text: "resourceImageProvider: emblem, iconChevronRight"
+                        color: theme.textSecondary.color
+                        font: theme.caption.font
+                    }
+                }
+            }
+
+            Text {
+                topPadding: 6
+                text: "Colours"
+                color: theme.textPrimary.color
+                font: theme.title.font
+            }
+
+            Flow {
                 width: parent.width
-                title: "Types and handles"
-                accent: "#81c784"
-                labelWidth: 360
-                rows: [
-                    { label: "HmiCore.getQmlType(header)", value: HmiCore.getQmlType(header) },
-                    { label: "HmiCore.getQmlType(configCard)", value: HmiCore.getQmlType(configCard) },
-                    { label: "HmiCore.isQmlType(header, \"Item\")", value: HmiCore.isQmlType(header, "Item") },
-                    { label: "getQmlType(HANDLE_COLOR_EMPTY)", value: HmiCore.getQmlType(HmiCore.HANDLE_COLOR_EMPTY) },
-                    { label: "HANDLE_COLOR_EMPTY.colorCss", value: HmiCore.HANDLE_COLOR_EMPTY.colorCss }
-                ]
+                spacing: 8
+
+                Repeater {
+                    model: [
+                        { name: "background", handle: theme.background },
+                        { name: "surface", handle: theme.surface },
+                        { name: "surfaceRaised", handle: theme.surfaceRaised },
+                        { name: "textPrimary", handle: theme.textPrimary },
+                        { name: "textSecondary", handle: theme.textSecondary },
+                        { name: "accent", handle: theme.accent },
+                        { name: "accentPressed", handle: theme.accentPressed },
+                        { name: "brand", handle: theme.brand },
+                        { name: "warning", handle: theme.warning }
+                    ]
+
+                    Column {
+                        spacing: 4
+
+                        Rectangle {
+                            width: 68
+                            height: 36
+                            radius: 6
+                            color: modelData.handle.color
+                            border.color: theme.divider.color
+                        }
+                        Text {
+                            width: 68
+                            text: modelData.name
+                            color: theme.textSecondary.color
+                            font.family: theme.caption.font.family
+                            font.pixelSize: 10
+                            elide: Text.ElideRight
+                        }
+                    }
+                }
+            }
+
+            Text {
+                topPadding: 6
+                text: "Fonts"
+                color: theme.textPrimary.color
+                font: theme.title.font
+            }
+
+            Row {
+                spacing: 24
+
+                Column {
+                    spacing: 6
+                    width: 460
+
+                    Text {
+                        text: "Heading \u00b7 " + theme.heading.font.family
+                        color: theme.textPrimary.color
+                        font: theme.heading.font
+                    }
+                    Text {
+                        text: "Body text for lists and dialogs, " + theme.body.font.pixelSize + " px"
+                        color: theme.textPrimary.color
+                        font: theme.body.font
+                    }
+                    Text {
+                        width: parent.width
+                        text: theme.heading.fontCss
+                        color: theme.textSecondary.color
+                        font: theme.mono.font
+                        elide: Text.ElideRight
+                    }
+                }
+                Text {
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: "21.5\u00b0C"
+                    color: theme.accent.color
+                    font: theme.readout.font
+                }
             }
         }
     }
 
+    // ---- What the library reports about itself ------------------------------------------------
+
+    Column {
+        x: themePanel.x + themePanel.width + root.margin
+        y: themePanel.y
+        width: root.width - x - root.margin
+        spacing: 16
+
+        InfoCard {
+            width: parent.width
+            handles: theme
+            title: "Configuration"
+            labelWidth: 170
+            rows: [
+                { label: "ThemesPath", value: root.configs.getThemesPath() },
+                { label: "ResourceCachePath", value: root.configs.getResourceCachePath() },
+                { label: "LanguagesPath", value: root.configs.getLanguagesPath() },
+                { label: "KeyboardsPath", value: root.configs.getKeyboardsPath() },
+                { label: "StringDatabaseName", value: root.configs.getStringDatabaseName() },
+                { label: "FontFamilyDefault", value: root.configs.getFontFamilyDefault()
+                        + " (app: " + Qt.application.font.family + ")" },
+                { label: "PrimaryDisplayResolution", value: root.primaryResolution },
+                { label: "WindowState", value: root.windowStateName(root.configs.getWindowState()) },
+                { label: "IntervalPressAndHold", value: root.configs.getIntervalPressAndHold()
+                        + " ms (in use " + HmiCore.getTouchPressAndHoldInterval() + ")" },
+                { label: "TouchDragStartDistance", value: root.configs.getTouchDragStartDistance()
+                        + " px (in use " + HmiCore.getTouchStartDragDistance() + ")" }
+            ]
+        }
+
+        InfoCard {
+            width: parent.width
+            handles: theme
+            title: "Enumerations and types"
+            accent: theme.brand.color
+            labelWidth: 300
+            rows: [
+                { label: "ApplicationViewModeSettings", value: HmiCore.ApplicationViewModeSettings },
+                { label: "GRADIENT_TYPE_LINEAR", value: HmiCore.GRADIENT_TYPE_LINEAR },
+                { label: "HMI_IMAGE_TILE_MODE_PAD", value: HmiCore.HMI_IMAGE_TILE_MODE_PAD },
+                { label: "KEYBOARD_TYPE_QT", value: HmiCore.KEYBOARD_TYPE_QT },
+                { label: "TOUCH_INPUT_GESTURE_TYPE_PINCH", value: HmiCore.TOUCH_INPUT_GESTURE_TYPE_PINCH },
+                { label: "getQmlType(header)", value: HmiCore.getQmlType(header) },
+                { label: "getQmlType(themePanel)", value: HmiCore.getQmlType(themePanel) },
+                { label: "isQmlType(header, \"Item\")", value: HmiCore.isQmlType(header, "Item") },
+                { label: "getQmlType(HANDLE_COLOR_EMPTY)", value: HmiCore.getQmlType(HmiCore.HANDLE_COLOR_EMPTY) },
+                { label: "HANDLE_COLOR_EMPTY.colorCss", value: HmiCore.HANDLE_COLOR_EMPTY.colorCss }
+            ]
+        }
+    }
+
+    // ---- Start-up timings ---------------------------------------------------------------------
+
     Rectangle {
+        id: footer
+
         x: root.margin
         width: root.width - 2 * root.margin
-        height: Math.max(60, chips.height + 30)
+        height: Math.max(44, chips.height + 16)
         anchors.bottom: parent.bottom
         anchors.bottomMargin: root.margin
-        radius: 12
-        color: "#242c36"
-        border.color: "#303a46"
+        radius: theme.panelBackground.radius
+        color: theme.surface.color
+        border.color: theme.divider.color
 
-        Rectangle {
-            id: startupAccent
-            x: 20
-            width: 4
-            height: startupTitle.height
-            radius: 2
-            anchors.verticalCenter: parent.verticalCenter
-            color: "#ba68c8"
-        }
         Text {
             id: startupTitle
-            anchors.left: startupAccent.right
-            anchors.leftMargin: 10
+            x: 16
             anchors.verticalCenter: parent.verticalCenter
             text: "Start-up"
-            color: "#eef2f6"
-            font.pixelSize: 20
-            font.bold: true
+            color: theme.textPrimary.color
+            font: theme.title.font
         }
 
         Flow {
             id: chips
 
             anchors.left: startupTitle.right
-            anchors.leftMargin: 24
+            anchors.leftMargin: 16
             anchors.right: parent.right
-            anchors.rightMargin: 20
+            anchors.rightMargin: 16
             anchors.verticalCenter: parent.verticalCenter
             spacing: 6
 
@@ -185,18 +428,19 @@ Window {
                 model: root.startupTimings
 
                 Rectangle {
-                    width: chipText.implicitWidth + 18
-                    height: 28
-                    radius: 14
-                    color: "#303a46"
+                    width: chipText.implicitWidth + 16
+                    height: 24
+                    radius: 12
+                    color: theme.surfaceRaised.color
+                    border.color: theme.divider.color
 
                     Text {
                         id: chipText
                         anchors.centerIn: parent
                         text: modelData.phase + " " + modelData.milliseconds.toFixed(2) + " ms"
-                        color: "#dfe6ee"
-                        font.family: "monospace"
-                        font.pixelSize: 12
+                        color: theme.textPrimary.color
+                        font.family: theme.mono.font.family
+                        font.pixelSize: 11
                     }
                 }
             }
