@@ -16,6 +16,15 @@ namespace Hmi::Core {
 
 namespace {
 
+    // Each thread's copy of the lookup tables, with the generation it was taken at. Generations
+    // are unique across manager instances, so a copy never outlives the manager it came from.
+    struct LookupCache
+    {
+        quint64 generation = 0;
+        std::shared_ptr<const std::array<ResourceFile::NodeTable, ResourceTypeCount>> tables;
+    };
+    thread_local LookupCache tLookupCache;
+
     QByteArray packageHash(const QString& aPackagePath)
     {
         QFile file(aPackagePath);
@@ -139,8 +148,13 @@ QSharedPointer<const Node> ResourceManager::getNode(ResourceType aType, const QS
         qWarning("ERROR: Trying to get node of an invalid <ResourceType>.");
         return {};
     }
-    std::lock_guard<std::recursive_mutex> lock(mMutex);
-    return mLookup[size_t(aType)].value(aName);
+    if (tLookupCache.generation != mGeneration.load(std::memory_order_acquire)) {
+        std::lock_guard<std::recursive_mutex> lock(mMutex);
+        tLookupCache.tables = mLookup;
+        tLookupCache.generation = mGeneration.load(std::memory_order_relaxed);
+    }
+    const auto& tables = tLookupCache.tables;
+    return tables ? (*tables)[size_t(aType)].value(aName) : nullptr;
 }
 
 void ResourceManager::setSearchOrder(const QStringList& aPackages)
@@ -174,6 +188,7 @@ void ResourceManager::rebuildLookup()
             order.append(name);
         }
     }
+    auto tables = std::make_shared<LookupTables>();
     for (int type = 0; type < ResourceTypeCount; ++type) {
         ResourceFile::NodeTable merged;
         // Lowest priority first, so that higher ones overwrite.
@@ -187,8 +202,14 @@ void ResourceManager::rebuildLookup()
                 merged.insert(node.key(), node.value());
             }
         }
-        mLookup[size_t(type)] = std::move(merged);
+        (*tables)[size_t(type)] = std::move(merged);
     }
+    mLookup = std::move(tables);
+    static std::atomic<quint64> sGenerations { 0 };
+    mGeneration.store(++sGenerations, std::memory_order_release);
+    // The changing thread lets go of the old nodes at once; others do on their next lookup.
+    tLookupCache.tables = mLookup;
+    tLookupCache.generation = mGeneration.load(std::memory_order_relaxed);
 }
 
 QStringList ResourceManager::getLoadedResources() const

@@ -10,6 +10,8 @@
 #include <QStringList>
 
 #include <array>
+#include <atomic>
+#include <memory>
 #include <mutex>
 
 class QJSEngine;
@@ -93,8 +95,12 @@ private:
     QStringList mLoadOrder;
     QStringList mSearchOrder;
     // One merged table per type, rebuilt whenever the packages or their order change, so that a
-    // lookup is one hash probe whatever the number of packages.
-    std::array<ResourceFile::NodeTable, ResourceTypeCount> mLookup;
+    // lookup is one hash probe whatever the number of packages. A rebuild replaces the whole
+    // snapshot and bumps the generation; readers keep a per-thread copy of the snapshot and take
+    // the lock only when the generation moved, so concurrent lookups do not contend.
+    using LookupTables = std::array<ResourceFile::NodeTable, ResourceTypeCount>;
+    std::shared_ptr<const LookupTables> mLookup;
+    std::atomic<quint64> mGeneration { 0 };
     QString mPackageDirectory;
     QString mCacheDirectory;
 };
