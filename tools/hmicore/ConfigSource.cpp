@@ -41,17 +41,11 @@ bool parsePlaceholders(const QStringList& aOptions, QHash<QString, QString>& aTa
 }
 
 /// Why aFile cannot be used as an ini file, or an empty text.
-QString unreadableReason(const QString& aFile)
+QString unreadableIniReason(const QString& aFile)
 {
-    const QFileInfo info(aFile);
-    if (!info.exists()) {
-        return QStringLiteral("no such file");
-    }
-    if (!info.isFile()) {
-        return QStringLiteral("not a file");
-    }
-    if (!info.isReadable()) {
-        return QStringLiteral("permission denied");
+    const QString reason = Tool::unreadableReason(aFile);
+    if (!reason.isEmpty()) {
+        return reason;
     }
     QSettings settings(aFile, QSettings::IniFormat);
     if (settings.status() != QSettings::NoError) {
@@ -123,7 +117,7 @@ int ConfigSource::load(const QCommandLineParser& aParser, const QString& aUsage)
         }
     }
     if (!file.isEmpty()) {
-        const QString reason = unreadableReason(file);
+        const QString reason = unreadableIniReason(file);
         if (!reason.isEmpty()) {
             return fail(QStringLiteral("cannot read %1: %2").arg(file, reason));
         }

@@ -1,6 +1,7 @@
 #include "Console.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 #include <cstdio>
 
@@ -48,6 +49,77 @@ QString usageText(const QCommandLineParser& aParser, const QString& aSynopsis)
     const int endOfFirstLine = help.indexOf(QLatin1Char('\n'));
     return QStringLiteral("Usage: ") + aSynopsis
         + (endOfFirstLine < 0 ? QString() : help.mid(endOfFirstLine));
+}
+
+QString unreadableReason(const QString& aPath)
+{
+    const QFileInfo info(aPath);
+    if (!info.exists()) {
+        return QStringLiteral("no such file");
+    }
+    if (!info.isFile()) {
+        return QStringLiteral("not a file");
+    }
+    if (!info.isReadable()) {
+        return QStringLiteral("permission denied");
+    }
+    return {};
+}
+
+QString writeFailureReason(const QString& aPath)
+{
+    const QFileInfo info(aPath);
+    if (info.isDir()) {
+        return QStringLiteral("is a directory");
+    }
+    const QFileInfo directory(info.absolutePath());
+    if (!directory.isDir()) {
+        return QStringLiteral("no such directory");
+    }
+    if (!directory.isWritable()) {
+        return QStringLiteral("permission denied");
+    }
+    return QStringLiteral("write failed");
+}
+
+QString quoted(const QString& aText)
+{
+    QString result;
+    result.reserve(aText.size() + 2);
+    result += QLatin1Char('"');
+    for (const QChar c : aText) {
+        switch (c.unicode()) {
+        case '"':
+            result += QLatin1String("\\\"");
+            break;
+        case '\\':
+            result += QLatin1String("\\\\");
+            break;
+        case '\n':
+            result += QLatin1String("\\n");
+            break;
+        case '\r':
+            result += QLatin1String("\\r");
+            break;
+        case '\t':
+            result += QLatin1String("\\t");
+            break;
+        default:
+            if (c.unicode() < 0x20) {
+                result += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
+            } else {
+                result += c;
+            }
+            break;
+        }
+    }
+    result += QLatin1Char('"');
+    return result;
+}
+
+QString formatBool(bool aValue)
+{
+    return aValue ? QStringLiteral("true") : QStringLiteral("false");
 }
 
 } // namespace Hmi::Core::Tool

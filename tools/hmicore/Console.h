@@ -34,4 +34,16 @@ int usageError(const QString& aMessage, const QString& aUsage);
  */
 QString usageText(const QCommandLineParser& aParser, const QString& aSynopsis);
 
+/// Why aPath cannot be read as a file ("no such file", "not a file", "permission denied"), or empty.
+QString unreadableReason(const QString& aPath);
+
+/// Why aPath could not be written, as far as can be told afterwards.
+QString writeFailureReason(const QString& aPath);
+
+/// aText in double quotes with quotes, backslashes and control characters escaped, so that an
+/// empty text shows and a multi-line text stays on one line.
+QString quoted(const QString& aText);
+
+QString formatBool(bool aValue);
+
 } // namespace Hmi::Core::Tool

@@ -28,38 +28,6 @@ const char sGroupUsage[] = "Usage: hmicore language <subcommand> [options]\n"
                            "\n"
                            "Run \"hmicore language <subcommand> --help\" for its options.\n";
 
-QString unreadableReason(const QString& aPath)
-{
-    const QFileInfo info(aPath);
-    if (!info.exists()) {
-        return QStringLiteral("no such file");
-    }
-    if (!info.isFile()) {
-        return QStringLiteral("not a file");
-    }
-    if (!info.isReadable()) {
-        return QStringLiteral("permission denied");
-    }
-    return {};
-}
-
-/// Why aPath could not be written, as far as can be told afterwards.
-QString writeFailureReason(const QString& aPath)
-{
-    const QFileInfo info(aPath);
-    if (info.isDir()) {
-        return QStringLiteral("is a directory");
-    }
-    const QFileInfo directory(info.absolutePath());
-    if (!directory.isDir()) {
-        return QStringLiteral("no such directory");
-    }
-    if (!directory.isWritable()) {
-        return QStringLiteral("permission denied");
-    }
-    return QStringLiteral("write failed");
-}
-
 /// Where the XML of aPath is broken, or an empty text.
 QString xmlProblem(const QString& aPath)
 {
@@ -104,46 +72,10 @@ QSharedPointer<LanguageFile> loadFull(const QString& aPath, QString& aReason)
     return file;
 }
 
-// Quoted and escaped so that an empty text shows and a text with line feeds stays on one line;
-// a null text (none given) prints differently from an empty one.
-QString quoted(const QString& aText)
+// A text that was never given (null) reads "(none)", so it is told apart from an empty one.
+QString quotedOrNone(const QString& aText)
 {
-    if (aText.isNull()) {
-        return QStringLiteral("(none)");
-    }
-    QString result = QStringLiteral("\"");
-    for (const QChar c : aText) {
-        switch (c.unicode()) {
-        case '"':
-            result += QLatin1String("\\\"");
-            break;
-        case '\\':
-            result += QLatin1String("\\\\");
-            break;
-        case '\n':
-            result += QLatin1String("\\n");
-            break;
-        case '\r':
-            result += QLatin1String("\\r");
-            break;
-        case '\t':
-            result += QLatin1String("\\t");
-            break;
-        default:
-            if (c.unicode() < 0x20) {
-                result += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
-            } else {
-                result += c;
-            }
-            break;
-        }
-    }
-    return result + QLatin1Char('"');
-}
-
-QString formatBool(bool aValue)
-{
-    return aValue ? QStringLiteral("true") : QStringLiteral("false");
+    return aText.isNull() ? QStringLiteral("(none)") : quoted(aText);
 }
 
 // The fewest digits that read back as the same float: "1.1", not "1.10000002384".
@@ -161,10 +93,10 @@ QString formatFloat(float aValue)
 QStringList dump(const LanguageFile& aFile)
 {
     QStringList lines {
-        QStringLiteral("language: ") + quoted(aFile.getLanguage()),
-        QStringLiteral("displayName: ") + quoted(aFile.getDisplayName()),
-        QStringLiteral("codePage: ") + quoted(aFile.getCodePage()),
-        QStringLiteral("catalogExtra: ") + quoted(aFile.getCatalogExtra()),
+        QStringLiteral("language: ") + quotedOrNone(aFile.getLanguage()),
+        QStringLiteral("displayName: ") + quotedOrNone(aFile.getDisplayName()),
+        QStringLiteral("codePage: ") + quotedOrNone(aFile.getCodePage()),
+        QStringLiteral("catalogExtra: ") + quotedOrNone(aFile.getCatalogExtra()),
         QStringLiteral("rightToLeft: ") + formatBool(aFile.getRightToLeft()),
         QStringLiteral("version: ") + formatFloat(aFile.getVersion()),
     };
@@ -174,8 +106,8 @@ QStringList dump(const LanguageFile& aFile)
     std::sort(keys.begin(), keys.end());
     for (const QString& key : qAsConst(keys)) {
         const NodeText& node = *nodes.value(key);
-        lines.append(quoted(key) + QStringLiteral(": text ") + quoted(node.getText())
-            + QStringLiteral(", pronunciation ") + quoted(node.getPronunciation())
+        lines.append(quotedOrNone(key) + QStringLiteral(": text ") + quotedOrNone(node.getText())
+            + QStringLiteral(", pronunciation ") + quotedOrNone(node.getPronunciation())
             + QStringLiteral(", usage speechrec=") + formatBool(node.getUseSpeechRecognition())
             + QStringLiteral(" tts=") + formatBool(node.getUseTTS()) + QStringLiteral(" visual=")
             + formatBool(node.getUseVisual()));

@@ -58,21 +58,6 @@ bool isBinary(const QByteArray& aData)
     return aData.startsWith(QByteArray::fromRawData(bytes, 4));
 }
 
-QString unreadableReason(const QString& aPath)
-{
-    const QFileInfo info(aPath);
-    if (!info.exists()) {
-        return QStringLiteral("no such file");
-    }
-    if (!info.isFile()) {
-        return QStringLiteral("not a file");
-    }
-    if (!info.isReadable()) {
-        return QStringLiteral("permission denied");
-    }
-    return {};
-}
-
 /**
  * The library reads any well-formed XML, warns about every element it does not know and ends up
  * with an empty description; for a tool a wrong file is an error, so check the root element
@@ -107,7 +92,7 @@ QString xmlProblem(const QByteArray& aData)
 bool readHeader(const QByteArray& aData, qint32& aVersion, QByteArray& aHash)
 {
     QDataStream stream(aData);
-    stream.setVersion(QDataStream::Qt_5_15);
+    stream.setVersion(QDataStream::Qt_5_6);
     stream.setByteOrder(QDataStream::LittleEndian);
     qint32 magic = 0;
     stream >> magic >> aVersion >> aHash;
@@ -280,48 +265,6 @@ private:
 };
 
 // ---- Formatting -----------------------------------------------------------------------------
-
-// Strings are quoted and escaped so that an empty value shows and inline shader source stays on
-// one line.
-QString quoted(const QString& aText)
-{
-    QString result;
-    result.reserve(aText.size() + 2);
-    result += QLatin1Char('"');
-    for (const QChar c : aText) {
-        switch (c.unicode()) {
-        case '"':
-            result += QLatin1String("\\\"");
-            break;
-        case '\\':
-            result += QLatin1String("\\\\");
-            break;
-        case '\n':
-            result += QLatin1String("\\n");
-            break;
-        case '\r':
-            result += QLatin1String("\\r");
-            break;
-        case '\t':
-            result += QLatin1String("\\t");
-            break;
-        default:
-            if (c.unicode() < 0x20) {
-                result += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
-            } else {
-                result += c;
-            }
-            break;
-        }
-    }
-    result += QLatin1Char('"');
-    return result;
-}
-
-QString formatBool(bool aValue)
-{
-    return aValue ? QStringLiteral("true") : QStringLiteral("false");
-}
 
 // Most reals come from the XML as floats; printing such a value as a float gives "0.3", not
 // "0.30000001192092896", while any other value is still printed exactly.
@@ -593,23 +536,6 @@ QCommandLineOption addHelpOption(QCommandLineParser& aParser)
         { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Displays this help."));
     aParser.addOption(helpOption);
     return helpOption;
-}
-
-/// Why aPath could not be written, as far as can be told afterwards.
-QString writeFailureReason(const QString& aPath)
-{
-    const QFileInfo info(aPath);
-    if (info.isDir()) {
-        return QStringLiteral("is a directory");
-    }
-    const QFileInfo directory(info.absolutePath());
-    if (!directory.isDir()) {
-        return QStringLiteral("no such directory");
-    }
-    if (!directory.isWritable()) {
-        return QStringLiteral("permission denied");
-    }
-    return QStringLiteral("write failed");
 }
 
 int runCompile(const QStringList& aArguments)
