@@ -51,22 +51,21 @@ using namespace Hmi::Core;
 
 namespace {
 
-const char* const sSections[] = { "MENU", "MEDIA", "CLIMATE", "NAVIGATION", "PHONE", "SETTINGS",
-    "VEHICLE", "CAMERA", "ASSIST", "CHARGING", "DIAGNOSIS", "MESSAGES" };
-const char* const sKinds[] = { "TITLE", "BUTTON", "LABEL", "HINT", "POPUP_TEXT", "LIST_ITEM",
-    "STATUS", "ERROR", "CONFIRM", "TOOLTIP" };
+const char* const sSections[] = { "MENU", "MEDIA", "CLIMATE", "NAVIGATION", "PHONE", "SETTINGS", "VEHICLE",
+    "CAMERA", "ASSIST", "CHARGING", "DIAGNOSIS", "MESSAGES" };
+const char* const sKinds[] = { "TITLE", "BUTTON", "LABEL", "HINT", "POPUP_TEXT", "LIST_ITEM", "STATUS",
+    "ERROR", "CONFIRM", "TOOLTIP" };
 const char* const sGerman[] = { "Einstellungen", "Lautstärke", "Verbindung", "Fahrzeug", "Zurück",
     "Bestätigen", "Abbrechen", "Ziel", "Route", "berechnen", "Klimaanlage", "Sitzheizung", "Telefon",
     "Nachricht", "wird", "geladen", "nicht", "verfügbar", "Ladestand", "Reichweite", "bitte", "warten",
     "Kamera", "aktivieren", "deaktivieren", "Fehler", "aufgetreten", "Software", "Aktualisierung",
-    "Verkehrsmeldungen", "Straße", "gesperrt", "Temperatur", "Gebläse", "für", "und", "die", "der",
-    "mit", "über", "Spurhalteassistent", "Abstand", "Warnung", "Medien", "Titel", "Künstler" };
-const char* const sEnglish[] = { "Settings", "Volume", "Connection", "Vehicle", "Back", "Confirm",
-    "Cancel", "Destination", "Route", "calculate", "Air conditioning", "Seat heating", "Phone",
-    "Message", "is", "loading", "not", "available", "Charge level", "Range", "please", "wait",
-    "Camera", "enable", "disable", "Error", "occurred", "Software", "update", "Traffic reports",
-    "Road", "closed", "Temperature", "Fan", "for", "and", "the", "with", "over", "Lane assist",
-    "Distance", "Warning", "Media", "Title", "Artist" };
+    "Verkehrsmeldungen", "Straße", "gesperrt", "Temperatur", "Gebläse", "für", "und", "die", "der", "mit",
+    "über", "Spurhalteassistent", "Abstand", "Warnung", "Medien", "Titel", "Künstler" };
+const char* const sEnglish[] = { "Settings", "Volume", "Connection", "Vehicle", "Back", "Confirm", "Cancel",
+    "Destination", "Route", "calculate", "Air conditioning", "Seat heating", "Phone", "Message", "is",
+    "loading", "not", "available", "Charge level", "Range", "please", "wait", "Camera", "enable", "disable",
+    "Error", "occurred", "Software", "update", "Traffic reports", "Road", "closed", "Temperature", "Fan",
+    "for", "and", "the", "with", "over", "Lane assist", "Distance", "Warning", "Media", "Title", "Artist" };
 const char* const sPlaceholders[] = { "{1:20}", "{1}", "{2:8}", "{1:4} km", "{3:12}" };
 
 struct Text
@@ -95,17 +94,25 @@ std::vector<Text> generate(int aCount, bool aGerman)
         text.section = keys.bounded(int(std::size(sSections)));
         text.handle = QString::fromLatin1(sKinds[keys.bounded(int(std::size(sKinds)))]) + QLatin1Char('_')
             + QString::number(i);
-        text.key = QStringLiteral("STR_") + QLatin1String(sSections[text.section]) + QLatin1Char('_') + text.handle;
+        text.key = QStringLiteral("STR_") + QLatin1String(sSections[text.section]) + QLatin1Char('_')
+            + text.handle;
 
         const int length = 20 + words.bounded(41);
         QString visual = word();
         while (visual.size() < length) {
             visual += QLatin1Char(' ') + word();
         }
-        visual.truncate(length);
+        visual = visual.left(length).trimmed();
         if (words.bounded(7) == 0) {
-            visual.insert(words.bounded(visual.size()),
-                QLatin1Char(' ') + QLatin1String(sPlaceholders[words.bounded(int(std::size(sPlaceholders)))]) + QLatin1Char(' '));
+            // At a word boundary, as translators place them.
+            const int space = visual.indexOf(QLatin1Char(' '), words.bounded(visual.size()));
+            const QString placeholder
+                = QLatin1String(sPlaceholders[words.bounded(int(std::size(sPlaceholders)))]);
+            if (space < 0) {
+                visual += QLatin1Char(' ') + placeholder;
+            } else {
+                visual.insert(space, QLatin1Char(' ') + placeholder);
+            }
         }
         if (words.bounded(50) == 0) {
             visual.insert(visual.size() / 2, QLatin1Char('\n'));
@@ -130,8 +137,10 @@ bool writeGlx(const QString& aPath, const std::vector<Text>& aTexts, bool aGerma
     xml.writeStartElement(QStringLiteral("catalog"));
     xml.writeAttribute(QStringLiteral("codepage"), QStringLiteral("UTF-8"));
     xml.writeAttribute(QStringLiteral("direction"), QStringLiteral("0"));
-    xml.writeAttribute(QStringLiteral("language"), aGerman ? QStringLiteral("de_DE") : QStringLiteral("en_US"));
-    xml.writeAttribute(QStringLiteral("display_name"), aGerman ? QStringLiteral("Deutsch") : QStringLiteral("English"));
+    xml.writeAttribute(
+        QStringLiteral("language"), aGerman ? QStringLiteral("de_DE") : QStringLiteral("en_US"));
+    xml.writeAttribute(
+        QStringLiteral("display_name"), aGerman ? QStringLiteral("Deutsch") : QStringLiteral("English"));
     xml.writeAttribute(QStringLiteral("file_version"), QStringLiteral("1.0"));
     xml.writeStartElement(QStringLiteral("strings"));
     for (int section = 0; section < int(std::size(sSections)); ++section) {
@@ -146,7 +155,8 @@ bool writeGlx(const QString& aPath, const std::vector<Text>& aTexts, bool aGerma
             xml.writeStartElement(QStringLiteral("string"));
             xml.writeAttribute(QStringLiteral("default"), QStringLiteral("true"));
             QString visual = text.text;
-            xml.writeTextElement(QStringLiteral("visual"), visual.replace(QLatin1Char('\n'), QLatin1String("\\n")));
+            xml.writeTextElement(
+                QStringLiteral("visual"), visual.replace(QLatin1Char('\n'), QLatin1String("\\n")));
             if (!text.pronunciation.isEmpty()) {
                 xml.writeTextElement(QStringLiteral("pronunciation"), text.pronunciation);
                 xml.writeEmptyElement(QStringLiteral("usage"));
@@ -199,8 +209,10 @@ bool runLrelease(const QString& aTs, const QString& aQm)
 {
     QProcess lrelease;
     lrelease.setProcessChannelMode(QProcess::ForwardedChannels);
-    lrelease.start(QStringLiteral(HMICORE_LRELEASE), { QStringLiteral("-silent"), aTs, QStringLiteral("-qm"), aQm });
-    return lrelease.waitForFinished(-1) && lrelease.exitStatus() == QProcess::NormalExit && lrelease.exitCode() == 0;
+    lrelease.start(
+        QStringLiteral(HMICORE_LRELEASE), { QStringLiteral("-silent"), aTs, QStringLiteral("-qm"), aQm });
+    return lrelease.waitForFinished(-1) && lrelease.exitStatus() == QProcess::NormalExit
+        && lrelease.exitCode() == 0;
 }
 
 // The ".glx" through XmlLanguageFile, then BinaryLanguageFile::save, as `hmicore language compile`.
@@ -304,7 +316,8 @@ int main(int argc, char* argv[])
             const QSharedPointer<const NodeText> node = file->getNode(keys.at(int(i)));
             const QString translated = translator.translate(contexts[i].constData(), sources[i].constData());
             if (!node || node->getText() != texts[i].text || translated != texts[i].text) {
-                std::fprintf(stderr, "bench_language: text %s differs between the forms\n", qPrintable(keys.at(int(i))));
+                std::fprintf(stderr, "bench_language: text %s differs between the forms\n",
+                    qPrintable(keys.at(int(i))));
                 return 1;
             }
         }
@@ -371,12 +384,12 @@ int main(int argc, char* argv[])
         QFile(qmPath).size() / 1e6);
     std::printf("load, median of %d runs, ms:\n", repeat);
     if (timeBinary) {
-        std::printf("  binary load + look up all  %7.3f  (load %.3f, lookups %.3f)\n", median(binaryTotal) / 1e6,
-            median(binaryLoad) / 1e6, median(binaryLookups) / 1e6);
+        std::printf("  binary load + look up all  %7.3f  (load %.3f, lookups %.3f)\n",
+            median(binaryTotal) / 1e6, median(binaryLoad) / 1e6, median(binaryLookups) / 1e6);
     }
     if (timeQm) {
-        std::printf("  qm load + translate all    %7.3f  (load %.3f, translate %.3f)\n", median(qmTotal) / 1e6,
-            median(qmLoad) / 1e6, median(qmTranslate) / 1e6);
+        std::printf("  qm load + translate all    %7.3f  (load %.3f, translate %.3f)\n",
+            median(qmTotal) / 1e6, median(qmLoad) / 1e6, median(qmTranslate) / 1e6);
     }
     if (timeXml) {
         std::printf("  XML parse (reference)      %7.3f\n", median(xmlLoad) / 1e6);
@@ -436,7 +449,7 @@ int main(int argc, char* argv[])
             }
         },
     };
-    std::vector<double> switchTimes, firstRead;
+    std::vector<double> notifyTimes, switchTimes, firstRead;
     const QString languageCycle[] = { QStringLiteral("en_US"), QStringLiteral("de_DE") };
     qint64 otherSize = 0;
     for (const Text& text : otherTexts) {
@@ -462,6 +475,13 @@ int main(int argc, char* argv[])
             }
         }
 
+        // The notification alone, as a switch sends it, for the share of the switch it takes.
+        timer.start();
+        emit languages.languageChanged();
+        notifyTimes.push_back(double(timer.nsecsElapsed()));
+        readHandles();
+        check();
+
         // Cold: switch away and back, so that the passes above always read German.
         for (const QString& language : languageCycle) {
             timer.start();
@@ -470,7 +490,8 @@ int main(int argc, char* argv[])
             timer.start();
             readHandles();
             firstRead.push_back(perItem());
-            allFound = allFound && switched && size == (language == languageCycle[0] ? otherSize : expectedSize);
+            allFound
+                = allFound && switched && size == (language == languageCycle[0] ? otherSize : expectedSize);
             size = 0;
         }
     }
@@ -479,26 +500,31 @@ int main(int argc, char* argv[])
         return 1;
     }
 
-    const char* const names[4] = { "HandleTextResource::getText (resolved)", "LanguageFile::getNode + getText",
-        "QTranslator::translate", "QHash<QString, QString>::value (floor)" };
-    std::printf("per read, %d texts, median of %d passes, ns:   warm  after other work\n", count,
-        repeat * sPasses);
+    const char* const names[4]
+        = { "HandleTextResource::getText (resolved)", "LanguageFile::getNode + getText",
+              "QTranslator::translate", "QHash<QString, QString>::value (floor)" };
+    std::printf(
+        "per read, %d texts, median of %d passes, ns:   warm  after other work\n", count, repeat * sPasses);
     for (int kind = 0; kind < 4; ++kind) {
         std::printf("  %-40s %7.1f  %7.1f\n", names[kind], median(warm[kind]), median(afterOther[kind]));
     }
     std::printf("cold path, median of %d switches:\n", 2 * repeat);
-    std::printf("  language switch (load, notify %d handles, release)  %7.3f ms\n", count,
-        median(switchTimes) / 1e6);
+    std::printf(
+        "  language switch (load, notify %d handles, release)  %7.3f ms\n", count, median(switchTimes) / 1e6);
+    std::printf(
+        "    of which languageChanged() to the handles         %7.3f ms\n", median(notifyTimes) / 1e6);
     std::printf("  first read of each handle after the switch          %7.1f ns\n", median(firstRead));
     std::printf("ratios:\n");
     std::printf("  binary load + look up all / qm load + translate all  %5.2f  (goal <= 1)\n",
         median(binaryTotal) / median(qmTotal));
-    std::printf("  XML parse / binary load + look up all                %5.2f\n", median(xmlLoad) / median(binaryTotal));
+    std::printf("  XML parse / binary load + look up all                %5.2f\n",
+        median(xmlLoad) / median(binaryTotal));
     std::printf("  translate / handle read, warm                        %5.2f  (goal >= 2)\n",
         median(warm[2]) / median(warm[0]));
     std::printf("  translate / handle read, after other work            %5.2f  (goal >= 2)\n",
         median(afterOther[2]) / median(afterOther[0]));
-    std::printf("  handle read / QHash floor, warm                      %5.2f\n", median(warm[0]) / median(warm[3]));
+    std::printf(
+        "  handle read / QHash floor, warm                      %5.2f\n", median(warm[0]) / median(warm[3]));
     std::printf("  first read after a switch / translate after other work %3.2f\n",
         median(firstRead) / median(afterOther[2]));
     return 0;

@@ -62,6 +62,8 @@ void NodeText::writeFields(QDataStream& aStream) const
     }
 }
 
+// BinaryLanguageFile::load() reads this record from memory with a reader of its own, for speed;
+// a change to the record here must be made there too.
 void NodeText::readFields(QDataStream& aStream)
 {
     quint8 flags = 0;
@@ -94,9 +96,9 @@ void NodeText::readFields(QDataStream& aStream)
             continue;
         }
         if (kind == sKindText) {
-            mText = value;
+            mText = std::move(value);
         } else {
-            mPronunciation = value;
+            mPronunciation = std::move(value);
         }
     }
 }
