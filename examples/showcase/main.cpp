@@ -5,6 +5,7 @@
 #include "frame/HmiCoreInitializer.h"
 #include "frame/HmiCoreModule.h"
 #include "frame/InstanceTracker.h"
+#include "language/LanguageManager.h"
 #include "resources/ThemeManager.h"
 
 #include <QCommandLineParser>
@@ -122,6 +123,7 @@ struct Options
     QCommandLineOption ini;
     QCommandLineOption theme;
     QCommandLineOption mode;
+    QCommandLineOption language;
 };
 
 // The theme first: switching it selects its first mode, which --mode may then replace.
@@ -144,6 +146,29 @@ bool applyThemeOptions(const QCommandLineParser& aParser, const Options& aOption
     return true;
 }
 
+// Without --language the page starts in English when there is English, whatever the system's
+// locale, so that screenshots do not depend on the machine that takes them.
+bool applyLanguageOption(const QCommandLineParser& aParser, const Options& aOptions)
+{
+    Hmi::Core::LanguageManager& languages = Hmi::Core::LanguageManager::getInstance();
+    const QStringList identifiers = languages.getLanguageIdentifiers();
+    if (!aParser.isSet(aOptions.language)) {
+        const QString english = QStringLiteral("en_US");
+        if (identifiers.contains(english)) {
+            languages.setCurrentLanguage(english);
+        }
+        return true;
+    }
+    const QString language = aParser.value(aOptions.language);
+    if (!identifiers.contains(language) || !languages.setCurrentLanguage(language)) {
+        printLine(stderr,
+            QStringLiteral("no language \"%1\"; the languages are: %2")
+                .arg(language, identifiers.join(QStringLiteral(", "))));
+        return false;
+    }
+    return true;
+}
+
 int run(QGuiApplication& aApp, const QCommandLineParser& aParser, const Options& aOptions, bool aHeadless)
 {
     const QString dataDirectory = findDataDirectory();
@@ -154,8 +179,8 @@ int run(QGuiApplication& aApp, const QCommandLineParser& aParser, const Options&
     const auto timing = QSharedPointer<StartupTimingPolicy>::create();
     Hmi::Core::HmiCoreInitializer initializer(timing);
     initializer.configure(iniPath, { { QStringLiteral("DataRoot"), dataDirectory } });
-    // Before the page exists, so that its first frame already shows the chosen theme.
-    if (!applyThemeOptions(aParser, aOptions)) {
+    // Before the page exists, so that its first frame already shows the chosen theme and language.
+    if (!applyThemeOptions(aParser, aOptions) || !applyLanguageOption(aParser, aOptions)) {
         return 2;
     }
 
@@ -216,8 +241,11 @@ int main(int argc, char* argv[])
         { QStringLiteral("mode"),
             QStringLiteral("Start in mode NAME of the theme (default: its first mode)."),
             QStringLiteral("NAME") },
+        { QStringLiteral("language"),
+            QStringLiteral("Start in language ID, e.g. de_DE (default: en_US if there is one)."),
+            QStringLiteral("ID") },
     };
-    parser.addOptions({ options.screenshot, options.ini, options.theme, options.mode });
+    parser.addOptions({ options.screenshot, options.ini, options.theme, options.mode, options.language });
 
     // The platform plugin is chosen while the application object is built, so look at the command
     // line first. Qt's own options ("-platform") are not known yet and may make this parse fail;

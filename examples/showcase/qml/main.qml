@@ -26,11 +26,52 @@ Window {
 
     width: 1280
     height: 720
-    title: "Hmi.Core showcase"
+    title: strings.title.text
     color: theme.background.color
+
+    // Right-to-left languages mirror every anchor and positioner on the page.
+    LayoutMirroring.enabled: LanguageManager.rightToLeft
+    LayoutMirroring.childrenInherit: true
 
     ThemeHandles {
         id: theme
+    }
+
+    // The page's texts in the current language; "STR_PAGE_..." keys come from the PAGE section.
+    QtObject {
+        id: strings
+
+        readonly property HandleTextResource title: HandleTextResource { name: "STR_PAGE_TITLE" }
+        readonly property HandleTextResource themeLabel: HandleTextResource { name: "STR_PAGE_THEME" }
+        readonly property HandleTextResource mode: HandleTextResource { name: "STR_PAGE_MODE" }
+        readonly property HandleTextResource language: HandleTextResource { name: "STR_PAGE_LANGUAGE" }
+        readonly property HandleTextResource shapes: HandleTextResource { name: "STR_PAGE_SHAPES" }
+        readonly property HandleTextResource colours: HandleTextResource { name: "STR_PAGE_COLOURS" }
+        readonly property HandleTextResource fonts: HandleTextResource { name: "STR_PAGE_FONTS" }
+        readonly property HandleTextResource startup: HandleTextResource { name: "STR_PAGE_STARTUP" }
+        readonly property HandleTextResource configuration: HandleTextResource { name: "STR_PAGE_CONFIGURATION" }
+        readonly property HandleTextResource types: HandleTextResource { name: "STR_PAGE_TYPES" }
+        readonly property HandleTextResource texts: HandleTextResource { name: "STR_PAGE_TEXTS" }
+
+        // Parameters: other text handles, whose changes show at once, or plain values.
+        readonly property HandleTextMutable userName: HandleTextMutable { text: "Alex" }
+        readonly property HandleTextWithParameters status: HandleTextWithParameters {
+            handle: HandleTextResource { name: "STR_PAGE_STATUS" }
+            parameters: [ThemeManager.currentTheme, ThemeManager.currentMode, root.configFile]
+        }
+        readonly property HandleTextWithParameters greeting: HandleTextWithParameters {
+            handle: HandleTextResource { name: "STR_GREETING" }
+            parameters: [strings.userName, 3]
+        }
+        readonly property HandleTextWithParameters temperature: HandleTextWithParameters {
+            handle: HandleTextResource { name: "STR_TEMPERATURE" }
+            // The left-to-right mark keeps "21.5°C" in one piece inside right-to-left text.
+            parameters: ["\u200e21.5\u00b0C"]
+        }
+        readonly property HandleTextWithParameters direction: HandleTextWithParameters {
+            handle: HandleTextResource { name: "STR_DIRECTION" }
+            parameters: [LanguageManager.currentDisplayName + " (" + LanguageManager.currentLanguage + ")"]
+        }
     }
 
     // ---- Header: title and the theme and mode switches ----------------------------------------
@@ -49,21 +90,24 @@ Window {
             spacing: 4
 
             Text {
-                text: "Hmi.Core showcase"
+                width: Math.min(implicitWidth, header.width - switches.width - 3 * root.margin)
+                text: strings.title.text
                 color: theme.textPrimary.color
                 font: theme.heading.font
+                elide: Text.ElideRight
             }
             Text {
-                text: "Theme " + ThemeManager.currentTheme + ", " + ThemeManager.currentMode
-                    + " mode \u00b7 configured from " + root.configFile
+                text: strings.status.text
                 color: theme.textSecondary.color
                 font: theme.caption.font
-                width: 700
+                width: Math.min(700, header.width - switches.width - 3 * root.margin)
                 elide: Text.ElideMiddle
             }
         }
 
         Row {
+            id: switches
+
             anchors.right: parent.right
             anchors.rightMargin: root.margin
             anchors.verticalCenter: parent.verticalCenter
@@ -72,7 +116,7 @@ Window {
             Text {
                 anchors.verticalCenter: parent.verticalCenter
                 rightPadding: 4
-                text: "Theme"
+                text: strings.themeLabel.text
                 color: theme.textSecondary.color
                 font: theme.caption.font
             }
@@ -93,7 +137,7 @@ Window {
             Text {
                 anchors.verticalCenter: parent.verticalCenter
                 rightPadding: 4
-                text: "Mode"
+                text: strings.mode.text
                 color: theme.textSecondary.color
                 font: theme.caption.font
             }
@@ -105,6 +149,27 @@ Window {
                     text: modelData
                     checked: modelData === ThemeManager.currentMode
                     onClicked: ThemeManager.setCurrentMode(modelData)
+                }
+            }
+            Item {
+                width: 16
+                height: 1
+            }
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                rightPadding: 4
+                text: strings.language.text
+                color: theme.textSecondary.color
+                font: theme.caption.font
+            }
+            Repeater {
+                model: LanguageManager.languages
+
+                ThemeButton {
+                    handles: theme
+                    text: modelData.displayName
+                    checked: modelData.identifier === LanguageManager.currentLanguage
+                    onClicked: LanguageManager.currentLanguage = modelData.identifier
                 }
             }
         }
@@ -122,7 +187,8 @@ Window {
     ThemedRectangle {
         id: themePanel
 
-        x: root.margin
+        anchors.left: parent.left
+        anchors.leftMargin: root.margin
         y: header.height + root.margin
         width: 728
         height: footer.y - y - 16
@@ -135,7 +201,7 @@ Window {
             spacing: 10
 
             Text {
-                text: "Rectangle, image and shader"
+                text: strings.shapes.text
                 color: theme.textPrimary.color
                 font: theme.title.font
             }
@@ -254,7 +320,7 @@ Window {
 
             Text {
                 topPadding: 6
-                text: "Colours"
+                text: strings.colours.text
                 color: theme.textPrimary.color
                 font: theme.title.font
             }
@@ -300,7 +366,7 @@ Window {
 
             Text {
                 topPadding: 6
-                text: "Fonts"
+                text: strings.fonts.text
                 color: theme.textPrimary.color
                 font: theme.title.font
             }
@@ -343,15 +409,68 @@ Window {
     // ---- What the library reports about itself ------------------------------------------------
 
     Column {
-        x: themePanel.x + themePanel.width + root.margin
+        anchors.left: themePanel.right
+        anchors.leftMargin: root.margin
+        anchors.right: parent.right
+        anchors.rightMargin: root.margin
         y: themePanel.y
-        width: root.width - x - root.margin
         spacing: 16
+
+        // Translated texts, two of them with parameters.
+        ThemedRectangle {
+            id: textsCard
+
+            width: parent.width
+            height: textsContent.implicitHeight + 28
+            handle: theme.panelBackground
+
+            Column {
+                id: textsContent
+
+                anchors.left: parent.left
+                anchors.right: parent.right
+                anchors.margins: 14
+                y: 14
+                spacing: 2
+
+                Row {
+                    spacing: 10
+                    bottomPadding: 4
+
+                    Rectangle {
+                        width: 4
+                        height: textsTitle.height
+                        radius: 2
+                        color: theme.warning.color
+                    }
+                    Text {
+                        id: textsTitle
+                        text: strings.texts.text
+                        color: theme.textPrimary.color
+                        font: theme.title.font
+                    }
+                }
+                Text {
+                    width: parent.width
+                    text: strings.greeting.text
+                    color: theme.textPrimary.color
+                    font: theme.body.font
+                    elide: Text.ElideRight
+                }
+                Text {
+                    width: parent.width
+                    text: strings.temperature.text + "  \u00b7  " + strings.direction.text
+                    color: theme.textSecondary.color
+                    font: theme.caption.font
+                    elide: Text.ElideRight
+                }
+            }
+        }
 
         InfoCard {
             width: parent.width
             handles: theme
-            title: "Configuration"
+            title: strings.configuration.text
             labelWidth: 170
             rows: [
                 { label: "ThemesPath", value: root.configs.getThemesPath() },
@@ -373,19 +492,14 @@ Window {
         InfoCard {
             width: parent.width
             handles: theme
-            title: "Enumerations and types"
+            title: strings.types.text
             accent: theme.brand.color
             labelWidth: 300
             rows: [
                 { label: "ApplicationViewModeSettings", value: HmiCore.ApplicationViewModeSettings },
                 { label: "GRADIENT_TYPE_LINEAR", value: HmiCore.GRADIENT_TYPE_LINEAR },
-                { label: "HMI_IMAGE_TILE_MODE_PAD", value: HmiCore.HMI_IMAGE_TILE_MODE_PAD },
-                { label: "KEYBOARD_TYPE_QT", value: HmiCore.KEYBOARD_TYPE_QT },
-                { label: "TOUCH_INPUT_GESTURE_TYPE_PINCH", value: HmiCore.TOUCH_INPUT_GESTURE_TYPE_PINCH },
-                { label: "getQmlType(header)", value: HmiCore.getQmlType(header) },
                 { label: "getQmlType(themePanel)", value: HmiCore.getQmlType(themePanel) },
                 { label: "isQmlType(header, \"Item\")", value: HmiCore.isQmlType(header, "Item") },
-                { label: "getQmlType(HANDLE_COLOR_EMPTY)", value: HmiCore.getQmlType(HmiCore.HANDLE_COLOR_EMPTY) },
                 { label: "HANDLE_COLOR_EMPTY.colorCss", value: HmiCore.HANDLE_COLOR_EMPTY.colorCss }
             ]
         }
@@ -407,9 +521,10 @@ Window {
 
         Text {
             id: startupTitle
-            x: 16
+            anchors.left: parent.left
+            anchors.leftMargin: 16
             anchors.verticalCenter: parent.verticalCenter
-            text: "Start-up"
+            text: strings.startup.text
             color: theme.textPrimary.color
             font: theme.title.font
         }
