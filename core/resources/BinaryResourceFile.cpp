@@ -107,7 +107,8 @@ bool BinaryResourceFile::loadData(const QByteArray& aData, const QString& aBaseP
 {
     QBuffer buffer;
     buffer.setData(aData);
-    buffer.open(QIODevice::ReadOnly);
+    // Unbuffered: the data is in memory already; QIODevice's own buffer would only copy it again.
+    buffer.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     setBasePath(aBasePath);
     QDataStream stream(&buffer);
     return load(stream, aHash);

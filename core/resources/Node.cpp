@@ -1,5 +1,7 @@
 #include "resources/Node.h"
 
+#include "resources/StreamReader.h"
+
 #include <QDataStream>
 
 namespace Hmi::Core {
@@ -19,10 +21,14 @@ void Node::writeRecord(QDataStream& aStream) const
 
 void Node::readRecord(QDataStream& aStream)
 {
-    aStream >> mName;
-    if (aStream.status() == QDataStream::Ok) {
-        readFields(aStream);
+    {
+        // Gone before readFields(), which reads the stream itself.
+        StreamReader reader(aStream);
+        if (!reader.readString(mName)) {
+            return;
+        }
     }
+    readFields(aStream);
 }
 
 } // namespace Hmi::Core

@@ -1,6 +1,7 @@
 #include "resources/NodeColor.h"
 
 #include "handles/CssUtils.h"
+#include "resources/StreamReader.h"
 
 #include <QDataStream>
 #include <QStringList>
@@ -70,13 +71,12 @@ void NodeColor::writeFields(QDataStream& aStream) const
 
 void NodeColor::readFields(QDataStream& aStream)
 {
-    quint8 red = 0;
-    quint8 green = 0;
-    quint8 blue = 0;
-    quint8 alpha = 0;
-    aStream >> red >> green >> blue >> alpha;
-    if (aStream.status() == QDataStream::Ok) {
-        setColor(QColor(red, green, blue, alpha));
+    StreamReader reader(aStream);
+    if (reader.readBlock(4)) {
+        const int red = reader.takeUInt8();
+        const int green = reader.takeUInt8();
+        const int blue = reader.takeUInt8();
+        setColor(QColor(red, green, blue, reader.takeUInt8()));
     }
 }
 

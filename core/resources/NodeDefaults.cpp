@@ -1,7 +1,8 @@
 #include "resources/NodeDefaults.h"
 
+#include "resources/StreamReader.h"
+
 #include <QDataStream>
-#include <QIODevice>
 #include <QtDebug>
 
 namespace Hmi::Core {
@@ -29,43 +30,36 @@ bool isStorableType(int aType)
     }
 }
 
-template <typename T> QVariant readValue(QDataStream& aStream)
-{
-    T value {};
-    aStream >> value;
-    return QVariant::fromValue(value);
-}
-
 // Reads the stream form of a QVariant (type id, null flag, payload) for the storable types
 // only. QVariant's own operator>> would build whatever type the file names, including ones
 // that need a GUI or recurse without bound, so the type is checked before any payload is read.
-QVariant readVariant(QDataStream& aStream)
+QVariant readVariant(StreamReader& aReader, QDataStream& aStream)
 {
-    quint32 type = 0;
-    qint8 isNull = 0;
-    aStream >> type >> isNull;
-    if (aStream.status() != QDataStream::Ok) {
+    // The null flag only matters to QVariant's own operator>>.
+    if (!aReader.readBlock(4 + 1)) {
         return QVariant();
     }
-    switch (type) {
+    switch (aReader.takeUInt32()) {
     case QMetaType::UnknownType:
         return QVariant();
     case QMetaType::Bool:
-        return readValue<bool>(aStream);
+        return aReader.readBlock(1) ? QVariant(aReader.takeBool()) : QVariant();
     case QMetaType::Int:
-        return readValue<qint32>(aStream);
+        return aReader.readBlock(4) ? QVariant(aReader.takeInt32()) : QVariant();
     case QMetaType::UInt:
-        return readValue<quint32>(aStream);
+        return aReader.readBlock(4) ? QVariant(aReader.takeUInt32()) : QVariant();
     case QMetaType::LongLong:
-        return readValue<qint64>(aStream);
+        return aReader.readBlock(8) ? QVariant(aReader.takeInt64()) : QVariant();
     case QMetaType::ULongLong:
-        return readValue<quint64>(aStream);
+        return aReader.readBlock(8) ? QVariant(aReader.takeUInt64()) : QVariant();
     case QMetaType::Double:
-        return readValue<double>(aStream);
+        return aReader.readBlock(aReader.getRealSize()) ? QVariant(aReader.takeReal()) : QVariant();
     case QMetaType::Float:
-        return readValue<float>(aStream);
-    case QMetaType::QString:
-        return readValue<QString>(aStream);
+        return aReader.readBlock(aReader.getFloatSize()) ? QVariant(aReader.takeFloat()) : QVariant();
+    case QMetaType::QString: {
+        QString text;
+        return aReader.readString(text) ? QVariant(text) : QVariant();
+    }
     default:
         aStream.setStatus(QDataStream::ReadCorruptData);
         return QVariant();
@@ -128,24 +122,28 @@ void NodeDefaults::writeFields(QDataStream& aStream) const
 
 void NodeDefaults::readFields(QDataStream& aStream)
 {
-    qint32 count = 0;
-    aStream >> count;
-    if (aStream.status() != QDataStream::Ok) {
+    StreamReader reader(aStream);
+    if (!reader.readBlock(4)) {
         return;
     }
-    const QIODevice* device = aStream.device();
-    if (count < 0 || (device && count > device->bytesAvailable() / sMinPairSize)) {
+    const qint32 count = reader.takeInt32();
+    if (count < 0 || count > reader.getBytesAvailable() / sMinPairSize) {
         aStream.setStatus(QDataStream::ReadCorruptData);
         return;
     }
     for (qint32 i = 0; i < count; ++i) {
         QString key;
-        aStream >> key;
-        const QVariant value = readVariant(aStream);
+        if (!reader.readString(key)) {
+            return;
+        }
+        const QVariant value = readVariant(reader, aStream);
         if (aStream.status() != QDataStream::Ok) {
             return;
         }
-        mDefaults.insert(key, value);
+        // The writer stores the keys in ascending order; the end as a hint spares the map its
+        // search. A damaged file with another order still gives a valid map: QMap ignores a
+        // wrong hint.
+        mDefaults.insert(mDefaults.cend(), key, value);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "resources/NodeFont.h"
 
 #include "handles/CssUtils.h"
+#include "resources/StreamReader.h"
 
 #include <QDataStream>
 #include <QtDebug>
@@ -181,14 +182,23 @@ void NodeFont::writeFields(QDataStream& aStream) const
 
 void NodeFont::readFields(QDataStream& aStream)
 {
+    StreamReader reader(aStream);
     FontInfo info;
-    double pointSize = -1.0;
-    aStream >> info.bold >> info.italic >> info.overline >> info.strikeOut >> info.underline >> info.family
-        >> info.pixelSize >> pointSize >> info.weight;
-    if (aStream.status() != QDataStream::Ok) {
+    if (!reader.readBlock(5)) {
         return;
     }
-    info.pointSize = float(pointSize);
+    info.bold = reader.takeInt8();
+    info.italic = reader.takeInt8();
+    info.overline = reader.takeInt8();
+    info.strikeOut = reader.takeInt8();
+    info.underline = reader.takeInt8();
+    // The family, then pixel size, point size (a real) and weight.
+    if (!reader.readString(info.family) || !reader.readBlock(4 + reader.getRealSize() + 4)) {
+        return;
+    }
+    info.pixelSize = reader.takeInt32();
+    info.pointSize = float(reader.takeReal());
+    info.weight = reader.takeInt32();
 
     QFont font;
     if (info.bold != -1) {

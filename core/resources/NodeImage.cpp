@@ -1,25 +1,48 @@
 #include "resources/NodeImage.h"
 
+#include "resources/StreamReader.h"
+
 #include <QDataStream>
 #include <QDir>
-#include <QRegularExpression>
 
 namespace Hmi::Core {
 
 namespace {
 
-// At least two letters, so that a drive letter ("C:/themes") is not taken for a scheme.
+bool isAsciiLetter(QChar aChar)
+{
+    return (aChar >= QLatin1Char('a') && aChar <= QLatin1Char('z'))
+        || (aChar >= QLatin1Char('A') && aChar <= QLatin1Char('Z'));
+}
+
+// A letter, then at least one more letter, digit, '+', '.' or '-', then ':'; at least two
+// characters, so that a drive letter ("C:/themes") is not taken for a scheme. By hand rather
+// than a regular expression: it runs for every image node that is loaded.
 bool hasScheme(const QString& aText)
 {
-    static const QRegularExpression pattern(QStringLiteral("^[A-Za-z][A-Za-z0-9+.-]+:"));
-    return pattern.match(aText).hasMatch();
+    if (aText.isEmpty() || !isAsciiLetter(aText.at(0))) {
+        return false;
+    }
+    for (int i = 1; i < aText.size(); ++i) {
+        const QChar c = aText.at(i);
+        if (c == QLatin1Char(':')) {
+            return i >= 2;
+        }
+        if (!isAsciiLetter(c) && !(c >= QLatin1Char('0') && c <= QLatin1Char('9')) && c != QLatin1Char('+')
+            && c != QLatin1Char('.') && c != QLatin1Char('-')) {
+            return false;
+        }
+    }
+    return false;
 }
 
 QUrl pathOnlyUrl(const QString& aScheme, const QString& aPath)
 {
     QUrl url;
     url.setScheme(aScheme);
-    url.setPath(aPath, QUrl::DecodedMode);
+    // DecodedMode differs from TolerantMode only in escaping '%' first, which QUrl does with a
+    // QString::replace() that nearly doubles the cost of the URL; skip it when there is no '%'.
+    url.setPath(aPath, aPath.contains(QLatin1Char('%')) ? QUrl::DecodedMode : QUrl::TolerantMode);
     return url;
 }
 
@@ -30,14 +53,12 @@ void writeMargins(QDataStream& aStream, const QMargins& aMargins)
             << qint32(aMargins.bottom());
 }
 
-QMargins readMargins(QDataStream& aStream)
+QMargins takeMargins(StreamReader& aReader)
 {
-    qint32 left = 0;
-    qint32 top = 0;
-    qint32 right = 0;
-    qint32 bottom = 0;
-    aStream >> left >> top >> right >> bottom;
-    return QMargins(left, top, right, bottom);
+    const int left = aReader.takeInt32();
+    const int top = aReader.takeInt32();
+    const int right = aReader.takeInt32();
+    return QMargins(left, top, right, aReader.takeInt32());
 }
 
 void writeSize(QDataStream& aStream, const QSize& aSize)
@@ -45,12 +66,10 @@ void writeSize(QDataStream& aStream, const QSize& aSize)
     aStream << qint32(aSize.width()) << qint32(aSize.height());
 }
 
-QSize readSize(QDataStream& aStream)
+QSize takeSize(StreamReader& aReader)
 {
-    qint32 width = 0;
-    qint32 height = 0;
-    aStream >> width >> height;
-    return QSize(width, height);
+    const int width = aReader.takeInt32();
+    return QSize(width, aReader.takeInt32());
 }
 
 } // namespace
@@ -65,6 +84,12 @@ NodeImage::~NodeImage() = default;
 QUrl NodeImage::makeUrl(const QString& aBasePath, const QString& aFileName)
 {
     const QString path = aBasePath + aFileName;
+    // The usual case first: an absolute local path gives what QUrl::fromLocalFile() gives, without
+    // the QFileInfo that QDir::isAbsolutePath() builds. A leading "//" names a host; Qt handles it.
+    const QString localPath = QDir::fromNativeSeparators(path);
+    if (localPath.startsWith(QLatin1Char('/')) && !localPath.startsWith(QLatin1String("//"))) {
+        return pathOnlyUrl(QStringLiteral("file"), localPath);
+    }
     if (path.startsWith(QLatin1String(":/"))) {
         return pathOnlyUrl(QStringLiteral("qrc"), path.mid(1));
     }
@@ -260,29 +285,24 @@ void NodeImage::writeFields(QDataStream& aStream) const
 
 void NodeImage::readFields(QDataStream& aStream)
 {
+    StreamReader reader(aStream);
     QString defaultsName;
     QString fileName;
-    qint32 frameCount = 0;
-    double implicitWidth = 0;
-    double implicitHeight = 0;
-    aStream >> defaultsName >> fileName >> frameCount;
-    const QSize frameSize = readSize(aStream);
-    aStream >> implicitWidth >> implicitHeight;
-    const QMargins paddingExternal = readMargins(aStream);
-    const QMargins paddingInternal = readMargins(aStream);
-    const QSize sourceSize = readSize(aStream);
-    const QMargins tileMargins = readMargins(aStream);
-    if (aStream.status() != QDataStream::Ok) {
+    // After the two strings, the rest in one read: frame count, frame size, implicit size (two
+    // reals), external and internal padding, source size and tile margins.
+    if (!reader.readString(defaultsName) || !reader.readString(fileName)
+        || !reader.readBlock(4 + 8 + 2 * reader.getRealSize() + 16 + 16 + 8 + 16)) {
         return;
     }
     mDefaultsName = defaultsName;
-    mFrameCount = frameCount;
-    mFrameSize = frameSize;
-    mImplicitSize = QSizeF(implicitWidth, implicitHeight);
-    mPaddingExternal = paddingExternal;
-    mPaddingInternal = paddingInternal;
-    mSourceSize = sourceSize;
-    mTileMargins = tileMargins;
+    mFrameCount = reader.takeInt32();
+    mFrameSize = takeSize(reader);
+    const double implicitWidth = reader.takeReal();
+    mImplicitSize = QSizeF(implicitWidth, reader.takeReal());
+    mPaddingExternal = takeMargins(reader);
+    mPaddingInternal = takeMargins(reader);
+    mSourceSize = takeSize(reader);
+    mTileMargins = takeMargins(reader);
     if (!fileName.isEmpty()) {
         mSource = makeUrl(mBasePath, fileName);
     }

@@ -2,9 +2,9 @@
 
 #include "resources/HmiGradientStop.h"
 #include "resources/NodeColor.h"
+#include "resources/StreamReader.h"
 
 #include <QDataStream>
-#include <QIODevice>
 #include <QtDebug>
 
 namespace Hmi::Core {
@@ -16,20 +16,12 @@ void writeColor(QDataStream& aStream, const QColor& aColor)
     aStream << qint8(aColor.red()) << qint8(aColor.green()) << qint8(aColor.blue()) << qint8(aColor.alpha());
 }
 
-QColor readColor(QDataStream& aStream)
+QColor takeColor(StreamReader& aReader)
 {
-    quint8 red = 0;
-    quint8 green = 0;
-    quint8 blue = 0;
-    quint8 alpha = 0;
-    aStream >> red >> green >> blue >> alpha;
-    return QColor(red, green, blue, alpha);
-}
-
-// A stop in the binary form: its position (a real) and four colour bytes.
-qint64 stopSize(const QDataStream& aStream)
-{
-    return (aStream.floatingPointPrecision() == QDataStream::DoublePrecision ? 8 : 4) + 4;
+    const int red = aReader.takeUInt8();
+    const int green = aReader.takeUInt8();
+    const int blue = aReader.takeUInt8();
+    return QColor(red, green, blue, aReader.takeUInt8());
 }
 
 } // namespace
@@ -201,47 +193,58 @@ void NodeRectangle::readFields(QDataStream& aStream)
         return;
     }
 
-    bool colorSet = false;
-    aStream >> colorSet;
-    const QColor color = colorSet ? readColor(aStream) : QColor();
-    qint32 borderWidth = 0;
-    bool borderColorSet = false;
-    aStream >> borderWidth >> borderColorSet;
-    const QColor borderColor = borderColorSet ? readColor(aStream) : QColor();
-    double gradientAngle = 0;
-    double beginX = 0;
-    double beginY = 0;
-    bool gradientEndSet = false;
-    double endX = 0;
-    double endY = 0;
-    aStream >> gradientAngle >> beginX >> beginY >> gradientEndSet;
-    if (gradientEndSet) {
-        aStream >> endX >> endY;
-    }
-    qint32 stopCount = 0;
-    aStream >> stopCount;
-    if (aStream.status() != QDataStream::Ok) {
+    // Few reads rather than one per field: each block runs up to the next flag or count that
+    // decides the size of what follows.
+    StreamReader reader(aStream);
+    const int realSize = reader.getRealSize();
+    if (!reader.readBlock(1)) {
         return;
     }
+    const bool colorSet = reader.takeBool();
+    if (!reader.readBlock((colorSet ? 4 : 0) + 4 + 1)) {
+        return;
+    }
+    const QColor color = colorSet ? takeColor(reader) : QColor();
+    const qint32 borderWidth = reader.takeInt32();
+    const bool borderColorSet = reader.takeBool();
+    // The border colour, the angle, the begin point and the end flag.
+    if (!reader.readBlock((borderColorSet ? 4 : 0) + 3 * realSize + 1)) {
+        return;
+    }
+    const QColor borderColor = borderColorSet ? takeColor(reader) : QColor();
+    const double gradientAngle = reader.takeReal();
+    const double beginX = reader.takeReal();
+    const double beginY = reader.takeReal();
+    const bool gradientEndSet = reader.takeBool();
+    // The end point if set, and the stop count.
+    if (!reader.readBlock((gradientEndSet ? 2 * realSize : 0) + 4)) {
+        return;
+    }
+    double endX = 0;
+    double endY = 0;
+    if (gradientEndSet) {
+        endX = reader.takeReal();
+        endY = reader.takeReal();
+    }
+    const qint32 stopCount = reader.takeInt32();
     // Checked before anything is created: a damaged count must not make us build millions of
-    // QObjects only to fail at the end of the data.
-    const QIODevice* device = aStream.device();
-    if (stopCount < 0 || (device && stopCount > device->bytesAvailable() / stopSize(aStream))) {
+    // QObjects only to fail at the end of the data. A stop is a real and four colour bytes.
+    const int stopSize = realSize + 4;
+    if (stopCount < 0 || stopCount > reader.getBytesAvailable() / stopSize) {
         aStream.setStatus(QDataStream::ReadCorruptData);
         return;
     }
     std::vector<std::unique_ptr<HmiGradientStop>> stops;
     stops.reserve(size_t(stopCount));
     for (qint32 i = 0; i < stopCount; ++i) {
-        double position = 0;
-        aStream >> position;
-        const QColor stopColor = readColor(aStream);
-        stops.push_back(std::make_unique<HmiGradientStop>(position, stopColor));
+        if (!reader.readBlock(stopSize)) {
+            return;
+        }
+        const double position = reader.takeReal();
+        stops.push_back(std::make_unique<HmiGradientStop>(position, takeColor(reader)));
     }
-    qint32 gradientType = sGradientTypeNone;
-    double radius = 0;
-    aStream >> gradientType >> radius;
-    if (aStream.status() != QDataStream::Ok) {
+    // The gradient type and the radius.
+    if (!reader.readBlock(4 + realSize)) {
         return;
     }
 
@@ -255,8 +258,8 @@ void NodeRectangle::readFields(QDataStream& aStream)
     mGradientEnd = QPointF(endX, endY);
     mGradientEndSet = gradientEndSet;
     mGradientStops = std::move(stops);
-    mGradientType = gradientType;
-    mRadius = radius;
+    mGradientType = reader.takeInt32();
+    mRadius = reader.takeReal();
 }
 
 } // namespace Hmi::Core

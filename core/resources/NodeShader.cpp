@@ -1,5 +1,7 @@
 #include "resources/NodeShader.h"
 
+#include "resources/StreamReader.h"
+
 #include <QDataStream>
 
 namespace Hmi::Core {
@@ -87,17 +89,21 @@ void NodeShader::writeFields(QDataStream& aStream) const
 
 void NodeShader::readFields(QDataStream& aStream)
 {
+    StreamReader reader(aStream);
     QString defaultsName;
-    qint32 meshWidth = 0;
-    qint32 meshHeight = 0;
     QString fragment;
-    bool fragmentFile = false;
     QString vertex;
-    bool vertexFile = false;
-    bool supportsAtlasTextures = false;
-    aStream >> defaultsName >> meshWidth >> meshHeight >> fragment >> fragmentFile >> vertex >> vertexFile
-        >> supportsAtlasTextures;
-    if (aStream.status() != QDataStream::Ok) {
+    if (!reader.readString(defaultsName) || !reader.readBlock(4 + 4)) {
+        return;
+    }
+    const qint32 meshWidth = reader.takeInt32();
+    const qint32 meshHeight = reader.takeInt32();
+    if (!reader.readString(fragment) || !reader.readBlock(1)) {
+        return;
+    }
+    const bool fragmentFile = reader.takeBool();
+    // The vertex shader, its file flag and the atlas flag.
+    if (!reader.readString(vertex) || !reader.readBlock(1 + 1)) {
         return;
     }
     mDefaultsName = defaultsName;
@@ -105,8 +111,8 @@ void NodeShader::readFields(QDataStream& aStream)
     mShaderFragment = fragment;
     mShaderFragmentFile = fragmentFile;
     mShaderVertex = vertex;
-    mShaderVertexFile = vertexFile;
-    mSupportsAtlasTextures = supportsAtlasTextures;
+    mShaderVertexFile = reader.takeBool();
+    mSupportsAtlasTextures = reader.takeBool();
 }
 
 } // namespace Hmi::Core
