@@ -2,7 +2,7 @@
 #include "frame/HmiCoreModule.h"
 #include "handles/HandleColor.h"
 
-#include "WarningCounter.h"
+#include "common/MessageLog.h"
 
 #include <QPointer>
 #include <QQmlComponent>
@@ -11,21 +11,6 @@
 
 using Hmi::Core::HmiCoreGlobal;
 using Hmi::Core::HmiCoreModule;
-
-class tst_QmlModule : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-    void importIsSilent();
-    void createFromQml_data();
-    void createFromQml();
-    void hmiCoreIsOneObjectForAllEngines();
-
-private:
-    QScopedPointer<QQmlEngine> mEngine;
-};
 
 namespace {
 
@@ -37,86 +22,65 @@ QObject* create(QQmlComponent& aComponent, const QString& aType)
 
 } // namespace
 
-void tst_QmlModule::initTestCase()
+class tst_QmlModule : public QObject
 {
-    HmiCoreModule::registerTypes();
-    // A second registration must not register anything twice.
-    HmiCoreModule::registerTypes();
-    QVERIFY(qmlTypeId("Hmi.Core", 1, 0, "ObjectFactory") >= 0);
-    mEngine.reset(new QQmlEngine);
-}
+    Q_OBJECT
 
-void tst_QmlModule::importIsSilent()
-{
-    // The first document that imports the module also loads its file singleton, which must not
-    // import the module itself: the type loader would report a cyclic dependency every time.
-    const WarningCounter warnings;
-    QQmlComponent component(mEngine.data());
-    QScopedPointer<QObject> object(create(component, QStringLiteral("HandleColor")));
-    QVERIFY2(object, qPrintable(component.errorString()));
-    QCOMPARE(warnings.getCount(), 0);
-}
-
-void tst_QmlModule::createFromQml_data()
-{
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("error");
-
-    QTest::newRow("HandleColor") << "HandleColor"
-                                 << "";
-    QTest::newRow("ApplicationViewPolicyBase") << "ApplicationViewPolicyBase"
-                                               << "Can't create ApplicationViewPolicyBase in QML";
-    QTest::newRow("HmiCoreConfigs") << "HmiCoreConfigs"
-                                    << "Can't create HmiCoreConfigs in QML";
-    QTest::newRow("PerfEventPolicyBase") << "PerfEventPolicyBase"
-                                         << "Can't create PerfEventPolicyBase in QML";
-    QTest::newRow("ObjectListModelBase") << "ObjectListModelBase"
-                                         << "Can't create ObjectListModelBase in QML";
-    // Defaults are read-only by design: there is no mutable form.
-    QTest::newRow("HandleDefaultsMutable") << "HandleDefaultsMutable"
-                                           << "HandleDefaultsMutable is not a type";
-}
-
-void tst_QmlModule::createFromQml()
-{
-    QFETCH(QString, type);
-    QFETCH(QString, error);
-
-    QQmlComponent component(mEngine.data());
-    QScopedPointer<QObject> object(create(component, type));
-    if (error.isEmpty()) {
-        QVERIFY2(object, qPrintable(component.errorString()));
-        QCOMPARE(object->metaObject()->className(), QByteArray("Hmi::Core::" + type.toLatin1()));
-    } else {
-        QVERIFY(!object);
-        QVERIFY2(component.errorString().contains(error), qPrintable(component.errorString()));
-    }
-}
-
-void tst_QmlModule::hmiCoreIsOneObjectForAllEngines()
-{
-    // Created natively first, as the start-up does before any QML is loaded.
-    QPointer<HmiCoreGlobal> native(&HmiCoreGlobal::getInstance());
-    const int typeId = qmlTypeId("Hmi.Core", 1, 0, "HmiCore");
-    QVERIFY(typeId >= 0);
+private slots:
+    void initTestCase()
     {
-        QQmlEngine first;
-        QQmlEngine second;
-        QCOMPARE(first.singletonInstance<HmiCoreGlobal*>(typeId), native.data());
-        // Qt's notice that the shared object already lives in the first engine's context.
-        QTest::ignoreMessage(
-            QtWarningMsg, "QQmlEngine::setContextForObject(): Object already has a QQmlContext");
-        QCOMPARE(second.singletonInstance<HmiCoreGlobal*>(typeId), native.data());
+        HmiCoreModule::registerTypes();
+        // A second registration must not register anything twice.
+        HmiCoreModule::registerTypes();
+        QVERIFY(qmlTypeId("Hmi.Core", 1, 0, "ObjectFactory") >= 0);
+        mEngine.reset(new QQmlEngine);
     }
-    // The engines took it over and deleted it with them.
-    QVERIFY(native.isNull());
 
-    // The tracker forgot the deleted object, so native code gets a new one rather than a
-    // dangling pointer.
-    QTest::ignoreMessage(QtWarningMsg,
-        "Setting a new instance after the initial instance was destroyed is strongly discouraged!");
-    QVERIFY(HmiCoreGlobal::getInstance().configs());
-}
+    void createFromQml()
+    {
+        // The first document that imports the module also loads its file singleton, which must not
+        // import the module itself: the type loader would report a cyclic dependency every time.
+        const MessageLog warnings;
+        QQmlComponent component(mEngine.data());
+        QScopedPointer<QObject> object(create(component, QStringLiteral("HandleColor")));
+        QVERIFY2(object, qPrintable(component.errorString()));
+        QCOMPARE(object->metaObject()->className(), "Hmi::Core::HandleColor");
+        QCOMPARE(warnings.getCount(), 0);
+
+        // tst_module.qml tries the other types that QML must not create.
+        QVERIFY(!create(component, QStringLiteral("ObjectListModelBase")));
+        QVERIFY2(component.errorString().contains(QLatin1String("Can't create ObjectListModelBase in QML")),
+            qPrintable(component.errorString()));
+    }
+
+    void hmiCoreIsOneObjectForAllEngines()
+    {
+        // Created natively first, as the start-up does before any QML is loaded.
+        QPointer<HmiCoreGlobal> native(&HmiCoreGlobal::getInstance());
+        const int typeId = qmlTypeId("Hmi.Core", 1, 0, "HmiCore");
+        QVERIFY(typeId >= 0);
+        {
+            QQmlEngine first;
+            QQmlEngine second;
+            QCOMPARE(first.singletonInstance<HmiCoreGlobal*>(typeId), native.data());
+            // Qt's notice that the shared object already lives in the first engine's context.
+            QTest::ignoreMessage(
+                QtWarningMsg, "QQmlEngine::setContextForObject(): Object already has a QQmlContext");
+            QCOMPARE(second.singletonInstance<HmiCoreGlobal*>(typeId), native.data());
+        }
+        // The engines took it over and deleted it with them.
+        QVERIFY(native.isNull());
+
+        // The tracker forgot the deleted object, so native code gets a new one rather than a
+        // dangling pointer.
+        QTest::ignoreMessage(QtWarningMsg,
+            "Setting a new instance after the initial instance was destroyed is strongly discouraged!");
+        QVERIFY(HmiCoreGlobal::getInstance().configs());
+    }
+
+private:
+    QScopedPointer<QQmlEngine> mEngine;
+};
 
 QTEST_GUILESS_MAIN(tst_QmlModule)
 

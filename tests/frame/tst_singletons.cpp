@@ -3,7 +3,7 @@
 #include "frame/SingletonCppQml.h"
 #include "frame/SingletonQml.h"
 
-#include "WarningCounter.h"
+#include "common/MessageLog.h"
 
 #include <QPointer>
 #include <QQmlEngine>
@@ -69,87 +69,80 @@ class tst_Singletons : public QObject
     Q_OBJECT
 
 private slots:
-    void getInstanceCreatesOnce();
-    void qmlProviderSharesTheNativeInstance();
-    void qmlOnlySingletonIsPerEngine();
-    void tearDownDestroysInReverseOrderOfCreation();
-    void recreatingAfterTearDownWarns();
-    void cleanupTestCase();
+    void getInstanceCreatesOnce()
+    {
+        const MessageLog warnings;
+        NativeFirst& first = NativeFirst::getInstance();
+        QCOMPARE(&NativeFirst::getInstance(), &first);
+        QCOMPARE(sLog, QStringList { "+NativeFirst" });
+        QCOMPARE(warnings.getCount(), 0);
+    }
+
+    void qmlProviderSharesTheNativeInstance()
+    {
+        QQmlEngine engine;
+        QQmlEngine otherEngine;
+        sLog.clear();
+
+        Shared<1>* fromQml = Shared<1>::registerInstance(&engine, &engine);
+        QVERIFY(fromQml);
+        QCOMPARE(fromQml->mEngine, &engine);
+        QCOMPARE(&Shared<1>::getInstance(), fromQml);
+        QCOMPARE(Shared<1>::registerInstance(&otherEngine, &otherEngine), fromQml);
+
+        Shared<2>& native = Shared<2>::getInstance();
+        QCOMPARE(Shared<2>::registerInstance(&engine, &engine), &native);
+        QCOMPARE(sLog, (QStringList { "+Shared1", "+Shared2" }));
+        // These engines never saw the objects, so nobody deletes them: they stay for the next slots,
+        // where tear-down must leave them alone because QML owns them.
+    }
+
+    void qmlOnlySingletonIsPerEngine()
+    {
+        QQmlEngine engine;
+        QQmlEngine otherEngine;
+        QScopedPointer<PerEngine> first(PerEngine::registerInstance(&engine, &engine));
+        QScopedPointer<PerEngine> second(PerEngine::registerInstance(&otherEngine, &otherEngine));
+
+        QVERIFY(first && second);
+        QVERIFY(first.data() != second.data());
+        QCOMPARE(first->mEngine, &engine);
+        QCOMPARE(second->mEngine, &otherEngine);
+    }
+
+    void tearDownDestroysInReverseOrderOfCreation()
+    {
+        NativeSecond::getInstance();
+        QPointer<QObject> sharedFromQml(&Shared<1>::getInstance());
+        QPointer<QObject> sharedFromNative(&Shared<2>::getInstance());
+        // Not tracked: tear-down must not delete what its engine owns.
+        QScopedPointer<PerEngine> perEngine(PerEngine::registerInstance(nullptr, nullptr));
+        sLog.clear();
+
+        InstanceTracker::tearDown();
+
+        QCOMPARE(sLog, (QStringList { "-NativeSecond", "-NativeFirst" }));
+        QVERIFY(sharedFromQml && sharedFromNative);
+        QVERIFY(perEngine);
+    }
+
+    void recreatingAfterTearDownWarns()
+    {
+        sLog.clear();
+        QTest::ignoreMessage(QtWarningMsg,
+            "Setting a new instance after the initial instance was destroyed is strongly discouraged!");
+        NativeFirst& again = NativeFirst::getInstance();
+        QCOMPARE(&NativeFirst::getInstance(), &again);
+        QCOMPARE(sLog, QStringList { "+NativeFirst" });
+    }
+
+    void cleanupTestCase()
+    {
+        // No engine here owns the shared instances; delete them as their engine would.
+        delete &Shared<1>::getInstance();
+        delete &Shared<2>::getInstance();
+    }
 };
-
-void tst_Singletons::getInstanceCreatesOnce()
-{
-    const WarningCounter warnings;
-    NativeFirst& first = NativeFirst::getInstance();
-    QCOMPARE(&NativeFirst::getInstance(), &first);
-    QCOMPARE(sLog, QStringList { "+NativeFirst" });
-    QCOMPARE(warnings.getCount(), 0);
-}
-
-void tst_Singletons::qmlProviderSharesTheNativeInstance()
-{
-    QQmlEngine engine;
-    QQmlEngine otherEngine;
-    sLog.clear();
-
-    Shared<1>* fromQml = Shared<1>::registerInstance(&engine, &engine);
-    QVERIFY(fromQml);
-    QCOMPARE(fromQml->mEngine, &engine);
-    QCOMPARE(&Shared<1>::getInstance(), fromQml);
-    QCOMPARE(Shared<1>::registerInstance(&otherEngine, &otherEngine), fromQml);
-
-    Shared<2>& native = Shared<2>::getInstance();
-    QCOMPARE(Shared<2>::registerInstance(&engine, &engine), &native);
-    QCOMPARE(sLog, (QStringList { "+Shared1", "+Shared2" }));
-    // These engines never saw the objects, so nobody deletes them: they stay for the next slots,
-    // where tear-down must leave them alone because QML owns them.
-}
-
-void tst_Singletons::qmlOnlySingletonIsPerEngine()
-{
-    QQmlEngine engine;
-    QQmlEngine otherEngine;
-    QScopedPointer<PerEngine> first(PerEngine::registerInstance(&engine, &engine));
-    QScopedPointer<PerEngine> second(PerEngine::registerInstance(&otherEngine, &otherEngine));
-
-    QVERIFY(first && second);
-    QVERIFY(first.data() != second.data());
-    QCOMPARE(first->mEngine, &engine);
-    QCOMPARE(second->mEngine, &otherEngine);
-}
-
-void tst_Singletons::tearDownDestroysInReverseOrderOfCreation()
-{
-    NativeSecond::getInstance();
-    QPointer<QObject> sharedFromQml(&Shared<1>::getInstance());
-    QPointer<QObject> sharedFromNative(&Shared<2>::getInstance());
-    // Not tracked: tear-down must not delete what its engine owns.
-    QScopedPointer<PerEngine> perEngine(PerEngine::registerInstance(nullptr, nullptr));
-    sLog.clear();
-
-    InstanceTracker::tearDown();
-
-    QCOMPARE(sLog, (QStringList { "-NativeSecond", "-NativeFirst" }));
-    QVERIFY(sharedFromQml && sharedFromNative);
-    QVERIFY(perEngine);
-}
-
-void tst_Singletons::recreatingAfterTearDownWarns()
-{
-    sLog.clear();
-    QTest::ignoreMessage(QtWarningMsg,
-        "Setting a new instance after the initial instance was destroyed is strongly discouraged!");
-    NativeFirst& again = NativeFirst::getInstance();
-    QCOMPARE(&NativeFirst::getInstance(), &again);
-    QCOMPARE(sLog, QStringList { "+NativeFirst" });
-}
-
-void tst_Singletons::cleanupTestCase()
-{
-    // No engine here owns the shared instances; delete them as their engine would.
-    delete &Shared<1>::getInstance();
-    delete &Shared<2>::getInstance();
-}
 
 QTEST_GUILESS_MAIN(tst_Singletons)
 

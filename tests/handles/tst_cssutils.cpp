@@ -7,18 +7,6 @@
 
 using Hmi::Core::CssUtils;
 
-class tst_CssUtils : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void colorCss_data();
-    void colorCss();
-    void fontCss_data();
-    void fontCss();
-    void fontCssWithoutSize();
-};
-
 namespace {
 
 // QFont refuses sizes <= 0 through its setters, but a font read from a stream (as resource
@@ -51,76 +39,77 @@ QFont fontWithoutSize()
 
 } // namespace
 
-void tst_CssUtils::colorCss_data()
+class tst_CssUtils : public QObject
 {
-    QTest::addColumn<QColor>("color");
-    QTest::addColumn<QString>("expected");
+    Q_OBJECT
 
-    QTest::newRow("transparent") << QColor(0, 0, 0, 0) << "rgba(0,0,0,0)";
-    QTest::newRow("alpha is an integer, not a fraction") << QColor(1, 2, 3, 4) << "rgba(1,2,3,4)";
-    QTest::newRow("opaque upper bound") << QColor(255, 255, 255) << "rgba(255,255,255,255)";
-    QTest::newRow("hsv converted to rgb") << QColor::fromHsv(120, 255, 255, 128) << "rgba(0,255,0,128)";
-}
+private slots:
+    void colorCss_data()
+    {
+        QTest::addColumn<QColor>("color");
+        QTest::addColumn<QString>("expected");
 
-void tst_CssUtils::colorCss()
-{
-    QFETCH(QColor, color);
-    QFETCH(QString, expected);
-    QCOMPARE(CssUtils::getColorCss(color), expected);
-}
-
-void tst_CssUtils::fontCss_data()
-{
-    QTest::addColumn<QString>("family");
-    QTest::addColumn<int>("pixelSize");
-    QTest::addColumn<qreal>("pointSize");
-    QTest::addColumn<int>("weight");
-    QTest::addColumn<bool>("italic");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("normal weight omitted") << "Test" << 3 << 0.0 << 50 << false << "3px \"Test\"";
-    QTest::newRow("no family keeps the space") << "" << 4 << 0.0 << 50 << false << "4px ";
-    QTest::newRow("light as number") << "Test" << 3 << 0.0 << 25 << false << "25 3px \"Test\"";
-    QTest::newRow("demibold as number") << "Test" << 3 << 0.0 << 63 << false << "63 3px \"Test\"";
-    QTest::newRow("bold as word") << "Test" << 3 << 0.0 << 75 << false << "bold 3px \"Test\"";
-    QTest::newRow("italic first") << "Test" << 3 << 0.0 << 87 << true << "italic 87 3px \"Test\"";
-    QTest::newRow("italic normal") << "Test" << 3 << 0.0 << 50 << true << "italic 3px \"Test\"";
-    QTest::newRow("family with space") << "Sans Pro" << 12 << 0.0 << 50 << false << "12px \"Sans Pro\"";
-    QTest::newRow("point size") << "Test" << 0 << 10.5 << 75 << false << "bold 10.5pt \"Test\"";
-}
-
-void tst_CssUtils::fontCss()
-{
-    QFETCH(QString, family);
-    QFETCH(int, pixelSize);
-    QFETCH(qreal, pointSize);
-    QFETCH(int, weight);
-    QFETCH(bool, italic);
-    QFETCH(QString, expected);
-
-    QFont font;
-    font.setFamily(family);
-    if (pixelSize > 0) {
-        font.setPixelSize(pixelSize);
-    } else {
-        font.setPointSizeF(pointSize);
+        QTest::newRow("alpha is an integer, not a fraction") << QColor(1, 2, 3, 4) << "rgba(1,2,3,4)";
+        QTest::newRow("hsv converted to rgb") << QColor::fromHsv(120, 255, 255, 128) << "rgba(0,255,0,128)";
     }
-    font.setWeight(weight);
-    font.setItalic(italic);
 
-    QCOMPARE(CssUtils::getFontCss(font), expected);
-}
+    void colorCss()
+    {
+        QFETCH(QColor, color);
+        QFETCH(QString, expected);
+        QCOMPARE(CssUtils::getColorCss(color), expected);
+    }
 
-void tst_CssUtils::fontCssWithoutSize()
-{
-    const QFont font = fontWithoutSize();
-    QVERIFY(font.pixelSize() <= 0);
-    QVERIFY(font.pointSizeF() <= 0);
-    QCOMPARE(font.family(), QStringLiteral("Test"));
+    void fontCss_data()
+    {
+        QTest::addColumn<QString>("family");
+        QTest::addColumn<int>("pixelSize");
+        QTest::addColumn<qreal>("pointSize");
+        QTest::addColumn<int>("weight");
+        QTest::addColumn<bool>("italic");
+        QTest::addColumn<QString>("expected");
 
-    QTest::ignoreMessage(QtCriticalMsg, "ERROR: A valid font size (in pixels or points) was not found.");
-    QCOMPARE(CssUtils::getFontCss(font), QString());
-}
+        QTest::newRow("normal weight omitted") << "Test" << 3 << 0.0 << 50 << false << "3px \"Test\"";
+        QTest::newRow("no family keeps the space") << "" << 4 << 0.0 << 50 << false << "4px ";
+        QTest::newRow("light as number") << "Test" << 3 << 0.0 << 25 << false << "25 3px \"Test\"";
+        QTest::newRow("bold as word") << "Test" << 3 << 0.0 << 75 << false << "bold 3px \"Test\"";
+        QTest::newRow("italic first") << "Test" << 3 << 0.0 << 87 << true << "italic 87 3px \"Test\"";
+        QTest::newRow("point size") << "Test" << 0 << 10.5 << 75 << false << "bold 10.5pt \"Test\"";
+    }
+
+    void fontCss()
+    {
+        QFETCH(QString, family);
+        QFETCH(int, pixelSize);
+        QFETCH(qreal, pointSize);
+        QFETCH(int, weight);
+        QFETCH(bool, italic);
+        QFETCH(QString, expected);
+
+        QFont font;
+        font.setFamily(family);
+        if (pixelSize > 0) {
+            font.setPixelSize(pixelSize);
+        } else {
+            font.setPointSizeF(pointSize);
+        }
+        font.setWeight(weight);
+        font.setItalic(italic);
+
+        QCOMPARE(CssUtils::getFontCss(font), expected);
+    }
+
+    void fontCssWithoutSize()
+    {
+        const QFont font = fontWithoutSize();
+        QVERIFY(font.pixelSize() <= 0);
+        QVERIFY(font.pointSizeF() <= 0);
+        QCOMPARE(font.family(), QStringLiteral("Test"));
+
+        QTest::ignoreMessage(QtCriticalMsg, "ERROR: A valid font size (in pixels or points) was not found.");
+        QCOMPARE(CssUtils::getFontCss(font), QString());
+    }
+};
 
 QTEST_MAIN(tst_CssUtils)
 #include "tst_cssutils.moc"

@@ -1,12 +1,12 @@
-#include "handles/HandleColorMutable.h"
 #include "handles/HandleColorResource.h"
 #include "handles/HandleDefaultsResource.h"
-#include "handles/HandleFontMutable.h"
 #include "handles/HandleFontResource.h"
 #include "handles/HandleImageResource.h"
 #include "handles/HandleRectangleResource.h"
 #include "handles/HandleShaderResource.h"
 #include "resources/ResourceManager.h"
+
+#include "common/MessageLog.h"
 
 #include <QMetaMethod>
 #include <QSignalSpy>
@@ -50,29 +50,6 @@ public slots:
     }
 };
 
-// Collects critical messages; QTest::ignoreMessage cannot tell that a message came once too often.
-class CriticalLog
-{
-public:
-    CriticalLog()
-    {
-        sMessages.clear();
-        mPrevious = qInstallMessageHandler(&CriticalLog::handle);
-    }
-    ~CriticalLog() { qInstallMessageHandler(mPrevious); }
-    QStringList messages() const { return sMessages; }
-
-private:
-    static void handle(QtMsgType aType, const QMessageLogContext&, const QString& aMessage)
-    {
-        if (aType == QtCriticalMsg) {
-            sMessages.append(aMessage);
-        }
-    }
-    static inline QStringList sMessages;
-    QtMessageHandler mPrevious = nullptr;
-};
-
 using Factory = std::function<QObject*()>;
 
 QStringList imageSignals()
@@ -91,236 +68,175 @@ class tst_Handles : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanup();
+    void initTestCase()
+    {
+        QVERIFY(mCache.isValid());
+        ResourceManager& resources = ResourceManager::getInstance();
+        resources.setPackageDirectory(QStringLiteral(HMICORE_TEST_THEMES));
+        resources.setCacheDirectory(mCache.path());
+        resources.setSearchOrder({ sAlphaDay, sAlpha });
+        cleanup();
+    }
 
-    void signalOrder_data();
-    void signalOrder();
-    void frozenHandleMissesUnload_data();
-    void frozenHandleMissesUnload();
-    void unknownNameReportsEveryRead_data();
-    void unknownNameReportsEveryRead();
-    void css_data();
-    void css();
-    void colorMutableCssFollowsColor();
+    void cleanup()
+    {
+        ResourceManager& resources = ResourceManager::getInstance();
+        for (const QString& package : { sAlpha, sAlphaDay }) {
+            while (resources.getLoadCount(package) > 1) {
+                resources.unloadResource(package);
+            }
+            if (resources.getLoadCount(package) == 0) {
+                QVERIFY(resources.loadResource(package));
+            }
+        }
+    }
+
+    void signalOrder_data()
+    {
+        QTest::addColumn<Factory>("factory");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QStringList>("valueSignals");
+
+        QTest::newRow("color") << Factory([] { return new HandleColorResource; }) << "background"
+                               << QStringList { "colorChanged" };
+        QTest::newRow("font") << Factory([] { return new HandleFontResource; }) << "title"
+                              << QStringList { "fontChanged" };
+        QTest::newRow("defaults") << Factory([] { return new HandleDefaultsResource; }) << "panelDefaults"
+                                  << QStringList { "defaultsChanged" };
+        QTest::newRow("shader") << Factory([] { return new HandleShaderResource; }) << "glow"
+                                << QStringList { "defaultsNameChanged", "meshResolutionChanged",
+                                       "shaderFragmentChanged", "shaderVertexChanged",
+                                       "supportsAtlasTexturesChanged" };
+        QTest::newRow("image") << Factory([] { return new HandleImageResource; }) << "dot" << imageSignals();
+        QTest::newRow("rectangle") << Factory([] { return new HandleRectangleResource; }) << "panel"
+                                   << imageSignals()
+                + QStringList { "colorChanged", "borderColorChanged", "borderWidthChanged", "radiusChanged",
+                      "gradientTypeChanged", "gradientAngleChanged", "gradientBeginChanged",
+                      "gradientEndChanged", "gradientStopsChanged" };
+    }
+
+    void signalOrder()
+    {
+        QFETCH(Factory, factory);
+        QFETCH(QString, name);
+        QFETCH(QStringList, valueSignals);
+
+        std::unique_ptr<QObject> handle(factory());
+        SignalLog log(handle.get());
+        QVERIFY(handle->setProperty("name", name));
+        const QStringList expected = QStringList { "nameChanged", "nameExistsChanged" } + valueSignals;
+        QCOMPARE(log.mNames, expected);
+        QVERIFY(handle->property("nameExists").toBool());
+
+        // A package change re-notifies everything but the name, once.
+        log.mNames.clear();
+        ResourceManager::getInstance().loadResource(QStringLiteral("beta.rcc"));
+        QCOMPARE(log.mNames, QStringList { "nameExistsChanged" } + valueSignals);
+        ResourceManager::getInstance().unloadResource(QStringLiteral("beta.rcc"));
+    }
+
+    void frozenHandleMissesUnload_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("package");
+        QTest::addColumn<QColor>("before");
+        QTest::addColumn<QColor>("after");
+
+        // The day colour gives way to the theme's own background.
+        QTest::newRow("falls back") << "background" << sAlphaDay << QColor(0x10, 0x20, 0x30)
+                                    << QColor(1, 1, 1);
+        QTest::newRow("goes missing")
+            << "alphaOnly" << sAlpha << QColor(0x11, 0x22, 0x33, 0x44) << QColor(0, 0, 0, 0);
+    }
+
+    void frozenHandleMissesUnload()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, package);
+        QFETCH(QColor, before);
+        QFETCH(QColor, after);
+
+        ResourceManager& resources = ResourceManager::getInstance();
+        HandleColorResource handle;
+        handle.setName(name);
+        QCOMPARE(handle.getColor(), before);
+        QWeakPointer<const Node> node = resources.getNode(ResourceType::Color, name);
+
+        handle.freeze();
+        QSignalSpy colorSpy(&handle, &HandleColorResource::colorChanged);
+        QSignalSpy existsSpy(&handle, &HandleColorResource::nameExistsChanged);
+        QVERIFY(resources.unloadResource(package));
+        QCOMPARE(colorSpy.count(), 0);
+        QCOMPARE(existsSpy.count(), 0);
+        // Frozen, the handle lets go of the node, so an unloaded package takes its nodes with it.
+        QVERIFY(node.isNull());
+
+        const QByteArray missing = "Handle name '" + name.toUtf8()
+            + "' was not recognized. (Current Theme: \"\", Current Mode: \"\")";
+        const bool exists = after.alpha() != 0;
+        if (!exists) {
+            QTest::ignoreMessage(QtCriticalMsg, missing.constData()); // unfreeze reads at once
+            QTest::ignoreMessage(QtCriticalMsg, missing.constData()); // and getColor() again: not cached
+        }
+        handle.unfreeze();
+        QCOMPARE(colorSpy.count(), 1);
+        QCOMPARE(existsSpy.count(), 1);
+        QCOMPARE(handle.getColor(), after);
+        QCOMPARE(handle.getNameExists(), exists);
+
+        // Unfrozen, it follows changes again.
+        QVERIFY(resources.loadResource(package));
+        QCOMPARE(colorSpy.count(), 2);
+        QCOMPARE(handle.getColor(), before);
+    }
+
+    void unknownNameReportsEveryRead_data()
+    {
+        QTest::addColumn<Factory>("factory");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QStringList>("reads");
+        QTest::addColumn<int>("messages");
+
+        const Factory color([] { return new HandleColorResource; });
+        QTest::newRow("two reads") << color << "nope" << QStringList { "color", "color" } << 2;
+        QTest::newRow("css read once") << color << "nope" << QStringList { "colorCss" } << 1;
+        QTest::newRow("font css read once")
+            << Factory([] { return new HandleFontResource; }) << "nope" << QStringList { "fontCss" } << 1;
+        QTest::newRow("nameExists is quiet")
+            << color << "nope" << QStringList { "nameExists", "nameExists" } << 0;
+        QTest::newRow("no name is quiet")
+            << color << "" << QStringList { "color", "colorCss", "nameExists" } << 0;
+        QTest::newRow("known name") << color << "background" << QStringList { "color", "colorCss" } << 0;
+    }
+
+    void unknownNameReportsEveryRead()
+    {
+        QFETCH(Factory, factory);
+        QFETCH(QString, name);
+        QFETCH(QStringList, reads);
+        QFETCH(int, messages);
+
+        std::unique_ptr<QObject> handle(factory());
+        handle->setProperty("name", name);
+        const QString expected
+            = QStringLiteral("Handle name '%1' was not recognized. (Current Theme: \"\", Current Mode: \"\")")
+                  .arg(name);
+        for (int i = 0; i < messages; ++i) {
+            QTest::ignoreMessage(QtCriticalMsg, qPrintable(expected));
+        }
+        // The log tells a message that came once too often.
+        const MessageLog log(QtCriticalMsg);
+        for (const QString& property : qAsConst(reads)) {
+            handle->property(property.toLatin1().constData());
+        }
+        QCOMPARE(log.getCount(), messages);
+    }
 
 private:
     QTemporaryDir mCache;
 };
 
-void tst_Handles::initTestCase()
-{
-    QVERIFY(mCache.isValid());
-    ResourceManager& resources = ResourceManager::getInstance();
-    resources.setPackageDirectory(QStringLiteral(HMICORE_TEST_THEMES));
-    resources.setCacheDirectory(mCache.path());
-    resources.setSearchOrder({ sAlphaDay, sAlpha });
-    cleanup();
-}
-
 // Every test starts with Alpha's shared and day packages loaded once each.
-void tst_Handles::cleanup()
-{
-    ResourceManager& resources = ResourceManager::getInstance();
-    for (const QString& package : { sAlpha, sAlphaDay }) {
-        while (resources.getLoadCount(package) > 1) {
-            resources.unloadResource(package);
-        }
-        if (resources.getLoadCount(package) == 0) {
-            QVERIFY(resources.loadResource(package));
-        }
-    }
-}
-
-void tst_Handles::signalOrder_data()
-{
-    QTest::addColumn<Factory>("factory");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QStringList>("valueSignals");
-
-    QTest::newRow("color") << Factory([] { return new HandleColorResource; }) << "background"
-                           << QStringList { "colorChanged" };
-    QTest::newRow("font") << Factory([] { return new HandleFontResource; }) << "title"
-                          << QStringList { "fontChanged" };
-    QTest::newRow("defaults") << Factory([] { return new HandleDefaultsResource; }) << "panelDefaults"
-                              << QStringList { "defaultsChanged" };
-    QTest::newRow("shader") << Factory([] { return new HandleShaderResource; }) << "glow"
-                            << QStringList { "defaultsNameChanged", "meshResolutionChanged",
-                                   "shaderFragmentChanged", "shaderVertexChanged",
-                                   "supportsAtlasTexturesChanged" };
-    QTest::newRow("image") << Factory([] { return new HandleImageResource; }) << "dot" << imageSignals();
-    QTest::newRow("rectangle") << Factory([] { return new HandleRectangleResource; }) << "panel"
-                               << imageSignals()
-            + QStringList { "colorChanged", "borderColorChanged", "borderWidthChanged", "radiusChanged",
-                  "gradientTypeChanged", "gradientAngleChanged", "gradientBeginChanged", "gradientEndChanged",
-                  "gradientStopsChanged" };
-}
-
-void tst_Handles::signalOrder()
-{
-    QFETCH(Factory, factory);
-    QFETCH(QString, name);
-    QFETCH(QStringList, valueSignals);
-
-    std::unique_ptr<QObject> handle(factory());
-    SignalLog log(handle.get());
-    QVERIFY(handle->setProperty("name", name));
-    const QStringList expected = QStringList { "nameChanged", "nameExistsChanged" } + valueSignals;
-    QCOMPARE(log.mNames, expected);
-    QVERIFY(handle->property("nameExists").toBool());
-
-    // A package change re-notifies everything but the name, once.
-    log.mNames.clear();
-    ResourceManager::getInstance().loadResource(QStringLiteral("beta.rcc"));
-    QCOMPARE(log.mNames, QStringList { "nameExistsChanged" } + valueSignals);
-    ResourceManager::getInstance().unloadResource(QStringLiteral("beta.rcc"));
-}
-
-void tst_Handles::frozenHandleMissesUnload_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("package");
-    QTest::addColumn<QColor>("before");
-    QTest::addColumn<QColor>("after");
-
-    // The day colour gives way to the theme's own background.
-    QTest::newRow("falls back") << "background" << sAlphaDay << QColor(0x10, 0x20, 0x30) << QColor(1, 1, 1);
-    QTest::newRow("goes missing") << "alphaOnly" << sAlpha << QColor(0x11, 0x22, 0x33, 0x44)
-                                  << QColor(0, 0, 0, 0);
-}
-
-void tst_Handles::frozenHandleMissesUnload()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, package);
-    QFETCH(QColor, before);
-    QFETCH(QColor, after);
-
-    ResourceManager& resources = ResourceManager::getInstance();
-    HandleColorResource handle;
-    handle.setName(name);
-    QCOMPARE(handle.getColor(), before);
-    QWeakPointer<const Node> node = resources.getNode(ResourceType::Color, name);
-
-    handle.freeze();
-    QSignalSpy colorSpy(&handle, &HandleColorResource::colorChanged);
-    QSignalSpy existsSpy(&handle, &HandleColorResource::nameExistsChanged);
-    QVERIFY(resources.unloadResource(package));
-    QCOMPARE(colorSpy.count(), 0);
-    QCOMPARE(existsSpy.count(), 0);
-    // Frozen, the handle lets go of the node, so an unloaded package takes its nodes with it.
-    QVERIFY(node.isNull());
-
-    const QByteArray missing
-        = "Handle name '" + name.toUtf8() + "' was not recognized. (Current Theme: \"\", Current Mode: \"\")";
-    const bool exists = after.alpha() != 0;
-    if (!exists) {
-        QTest::ignoreMessage(QtCriticalMsg, missing.constData()); // unfreeze reads at once
-        QTest::ignoreMessage(QtCriticalMsg, missing.constData()); // and getColor() again: not cached
-    }
-    handle.unfreeze();
-    QCOMPARE(colorSpy.count(), 1);
-    QCOMPARE(existsSpy.count(), 1);
-    QCOMPARE(handle.getColor(), after);
-    QCOMPARE(handle.getNameExists(), exists);
-
-    // Unfrozen, it follows changes again.
-    QVERIFY(resources.loadResource(package));
-    QCOMPARE(colorSpy.count(), 2);
-    QCOMPARE(handle.getColor(), before);
-}
-
-void tst_Handles::unknownNameReportsEveryRead_data()
-{
-    QTest::addColumn<Factory>("factory");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QStringList>("reads");
-    QTest::addColumn<int>("messages");
-
-    const Factory color([] { return new HandleColorResource; });
-    QTest::newRow("two reads") << color << "nope" << QStringList { "color", "color" } << 2;
-    QTest::newRow("css read once") << color << "nope" << QStringList { "colorCss" } << 1;
-    QTest::newRow("font css read once")
-        << Factory([] { return new HandleFontResource; }) << "nope" << QStringList { "fontCss" } << 1;
-    QTest::newRow("nameExists is quiet")
-        << color << "nope" << QStringList { "nameExists", "nameExists" } << 0;
-    QTest::newRow("no name is quiet")
-        << color << "" << QStringList { "color", "colorCss", "nameExists" } << 0;
-    QTest::newRow("known name") << color << "background" << QStringList { "color", "colorCss" } << 0;
-}
-
-void tst_Handles::unknownNameReportsEveryRead()
-{
-    QFETCH(Factory, factory);
-    QFETCH(QString, name);
-    QFETCH(QStringList, reads);
-    QFETCH(int, messages);
-
-    std::unique_ptr<QObject> handle(factory());
-    handle->setProperty("name", name);
-    QStringList logged;
-    {
-        CriticalLog log;
-        for (const QString& property : qAsConst(reads)) {
-            handle->property(property.toLatin1().constData());
-        }
-        logged = log.messages();
-    }
-    const QString expected
-        = QStringLiteral("Handle name '%1' was not recognized. (Current Theme: \"\", Current Mode: \"\")")
-              .arg(name);
-    QCOMPARE(logged, QStringList(QVector<QString>(messages, expected).toList()));
-}
-
-void tst_Handles::css_data()
-{
-    QTest::addColumn<Factory>("factory");
-    QTest::addColumn<QByteArray>("property");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("alpha stays an integer") << Factory([] {
-        auto* handle = new HandleColorMutable;
-        handle->setColor(QColor(1, 2, 3, 4));
-        return handle;
-    }) << QByteArray("colorCss") << "rgba(1,2,3,4)";
-    QTest::newRow("no family keeps the space") << Factory([] {
-        auto* handle = new HandleFontMutable;
-        QFont font;
-        font.setFamily(QString());
-        font.setPixelSize(4);
-        handle->setFont(font);
-        return handle;
-    }) << QByteArray("fontCss") << "4px ";
-    QTest::newRow("resource font") << Factory([] {
-        auto* handle = new HandleFontResource;
-        handle->setName(QStringLiteral("title"));
-        return handle;
-    }) << QByteArray("fontCss") << "italic bold 18px \"DejaVu Sans\"";
-}
-
-void tst_Handles::css()
-{
-    QFETCH(Factory, factory);
-    QFETCH(QByteArray, property);
-    QFETCH(QString, expected);
-
-    std::unique_ptr<QObject> handle(factory());
-    QCOMPARE(handle->property(property.constData()).toString(), expected);
-}
-
-void tst_Handles::colorMutableCssFollowsColor()
-{
-    HandleColorMutable handle;
-    QSignalSpy spy(&handle, &HandleColorMutable::colorChanged);
-    handle.setColor(QColor(1, 2, 3, 4));
-    QCOMPARE(handle.getColorCss(), QStringLiteral("rgba(1,2,3,4)"));
-    // The CSS text is cached after the first read; a new colour must not be hidden by it.
-    handle.setColor(QColor(5, 6, 7));
-    QCOMPARE(handle.getColorCss(), QStringLiteral("rgba(5,6,7,255)"));
-    handle.setColor(QColor(5, 6, 7));
-    QCOMPARE(handle.getColorCss(), QStringLiteral("rgba(5,6,7,255)"));
-    QCOMPARE(spy.count(), 2);
-}
 
 QTEST_MAIN(tst_Handles)
 #include "tst_handles.moc"

@@ -52,8 +52,6 @@ TestCase {
 
         ThemeManager.currentTheme = data.theme
         ThemeManager.currentMode = data.mode
-        compare(ThemeManager.currentTheme, data.theme)
-        compare(ThemeManager.currentMode, data.mode)
         compare(rectangle.color.toString(), data.color)
         compare(rectangle.background.colorCss, data.css)
         verify(!rectangle.accent.nameExists)
@@ -70,15 +68,6 @@ TestCase {
         HandleColorResource {}
     }
 
-    // Each read also logs a critical message. QtQuickTest's ignoreWarning() matches warnings only,
-    // so tests/handles/tst_handles.cpp asserts the message and its count.
-    function test_unknownName() {
-        var handle = createTemporaryObject(colorResource, testCase, { name: "nope" })
-        verify(!handle.nameExists)
-        compare(handle.color, Qt.rgba(0, 0, 0, 0))
-        compare(handle.colorCss, "rgba(0,0,0,0)")
-    }
-
     function test_sameNameTwiceNotifiesOnce() {
         var handle = createTemporaryObject(colorResource, testCase)
         var nameSpy = spyOn(handle, "nameChanged")
@@ -90,12 +79,12 @@ TestCase {
         compare(handle.colorCss, "rgba(17,34,51,68)")
     }
 
+    // tst_handles.cpp covers the signals around freezing and what an unload does meanwhile.
     function test_freezeAndUnfreeze() {
         var handle = createTemporaryObject(colorResource, testCase, { name: "background" })
         compare(handle.color.toString(), "#102030")
         handle.freeze()
         var colorSpy = spyOn(handle, "colorChanged")
-        var existsSpy = spyOn(handle, "nameExistsChanged")
 
         ThemeManager.currentMode = "night"
         // A frozen handle follows nothing, but a read still resolves, in the mode current then...
@@ -104,16 +93,9 @@ TestCase {
         // ...and keeps what it read.
         compare(handle.color.toString(), "#405060")
         compare(colorSpy.count, 0)
-        compare(existsSpy.count, 0)
 
         handle.unfreeze()
-        compare(colorSpy.count, 1)
-        compare(existsSpy.count, 1)
         compare(handle.color.toString(), "#102030")
-        // Connected again.
-        ThemeManager.currentMode = "night"
-        verify(colorSpy.count > 1)
-        compare(handle.color.toString(), "#405060")
     }
 
     Component {
@@ -132,9 +114,6 @@ TestCase {
 
         var font = handles.font.font
         compare(font.family, "DejaVu Sans")
-        compare(font.pixelSize, 18)
-        verify(font.bold)
-        verify(font.italic)
         compare(handles.font.fontCss, "italic bold 18px \"DejaVu Sans\"")
 
         var defaults = handles.defaults.defaults
@@ -143,12 +122,8 @@ TestCase {
         compare(defaults.step, "5")
 
         var shader = handles.shader
-        compare(shader.shaderFragment, "varying highp vec2 qt_TexCoord0;\n"
-            + "uniform sampler2D source;\n"
-            + "uniform lowp float qt_Opacity;\n"
-            + "void main() {\n"
-            + "    gl_FragColor = texture2D(source, qt_TexCoord0) * qt_Opacity;\n"
-            + "}\n")
+        // Read from the file in the package, not its name.
+        verify(shader.shaderFragment.startsWith("varying highp vec2 qt_TexCoord0;\n"))
         compare(shader.shaderVertex, "void main() {}")
         compare(shader.meshResolution, Qt.size(4, 2))
         verify(shader.supportsAtlasTextures)
@@ -168,8 +143,6 @@ TestCase {
         compare(rectangle.radius, 4.5)
         compare(rectangle.gradientType, HmiCore.GRADIENT_TYPE_LINEAR)
         compare(rectangle.gradientStops.length, 2)
-        compare(rectangle.gradientStops[0].position, 0)
-        compare(rectangle.gradientStops[0].color.toString(), "#000000")
         compare(rectangle.gradientStops[1].position, 1)
         compare(rectangle.gradientStops[1].color.toString(), "#80ffffff")
     }
@@ -190,23 +163,14 @@ TestCase {
         compare(image.implicitHeight, 2)
     }
 
-    function test_emptyHandles_data() {
-        return [
-            { tag: "color", value: function() { return HmiCore.HANDLE_COLOR_EMPTY.color }, expected: Qt.rgba(0, 0, 0, 0) },
-            { tag: "color css", value: function() { return HmiCore.HANDLE_COLOR_EMPTY.colorCss }, expected: "rgba(0,0,0,0)" },
-            { tag: "defaults", value: function() { return Object.keys(HmiCore.HANDLE_DEFAULTS_EMPTY.defaults).length }, expected: 0 },
-            { tag: "font", value: function() { return HmiCore.HANDLE_FONT_EMPTY.font.pixelSize > 0 || HmiCore.HANDLE_FONT_EMPTY.font.pointSize > 0 }, expected: true },
-            { tag: "image frames", value: function() { return HmiCore.HANDLE_IMAGE_EMPTY.frameCount }, expected: 1 },
-            { tag: "image source", value: function() { return HmiCore.HANDLE_IMAGE_EMPTY.source.toString() }, expected: "" },
-            { tag: "rectangle gradient", value: function() { return HmiCore.HANDLE_RECTANGLE_EMPTY.gradientType }, expected: HmiCore.GRADIENT_TYPE_INVALID },
-            { tag: "rectangle stops", value: function() { return HmiCore.HANDLE_RECTANGLE_EMPTY.gradientStops.length }, expected: 0 },
-            { tag: "shader mesh", value: function() { return HmiCore.HANDLE_SHADER_EMPTY.meshResolution }, expected: Qt.size(1, 1) },
-            { tag: "shader fragment", value: function() { return HmiCore.HANDLE_SHADER_EMPTY.shaderFragment }, expected: "" },
-        ]
-    }
-
-    function test_emptyHandles(data) {
-        compare(data.value(), data.expected)
+    // The fallbacks that components show before a handle is set; tst_module.qml checks the colour.
+    function test_emptyHandles() {
+        compare(Object.keys(HmiCore.HANDLE_DEFAULTS_EMPTY.defaults).length, 0)
+        verify(HmiCore.HANDLE_FONT_EMPTY.font.pixelSize > 0 || HmiCore.HANDLE_FONT_EMPTY.font.pointSize > 0)
+        compare(HmiCore.HANDLE_IMAGE_EMPTY.frameCount, 1)
+        compare(HmiCore.HANDLE_IMAGE_EMPTY.source.toString(), "")
+        compare(HmiCore.HANDLE_RECTANGLE_EMPTY.gradientType, HmiCore.GRADIENT_TYPE_INVALID)
+        compare(HmiCore.HANDLE_SHADER_EMPTY.meshResolution, Qt.size(1, 1))
     }
 
     Component { id: colorMutable; HandleColorMutable {} }

@@ -7,10 +7,10 @@
 #include "resources/NodeShader.h"
 #include "resources/XmlLoader.h"
 
+#include "common/ByteWriter.h"
+
 #include <QDataStream>
 #include <QtTest>
-
-#include <memory>
 
 using namespace Hmi::Core;
 
@@ -58,50 +58,12 @@ QDataStream::Status readRecord(Node& aNode, const QByteArray& aData)
     return in.status() == QDataStream::Ok && !in.atEnd() ? QDataStream::ReadCorruptData : in.status();
 }
 
-// A defaults record named "d": a count of 1, the key "k", a type id, the null flag, then aPayload.
-template <typename Payload> QByteArray defaultsRecord(quint32 aType, Payload aPayload)
+// A defaults record named "d": a count of 1, the key "k", a type id and the null flag; the
+// payload follows.
+ByteWriter defaultsRecord(quint32 aType)
 {
-    QByteArray data;
-    QDataStream out(&data, QIODevice::WriteOnly);
-    prepare(out);
-    out << QStringLiteral("d") << qint32(1) << QStringLiteral("k") << aType << qint8(0);
-    aPayload(out);
-    return data;
+    return ByteWriter().str("d").i32(1).str("k").i32(aType).u8(0);
 }
-
-QByteArray utf16Hex(const QString& aText)
-{
-    QByteArray bytes;
-    for (const QChar c : aText) {
-        bytes.append(char(c.cell())).append(char(c.row()));
-    }
-    return bytes.toHex();
-}
-
-std::unique_ptr<XmlNode> makeNode(ResourceType aType, const QString& aBasePath)
-{
-    switch (aType) {
-    case ResourceType::Color:
-        return std::make_unique<NodeColor>();
-    case ResourceType::Defaults:
-        return std::make_unique<NodeDefaults>();
-    case ResourceType::Font:
-        return std::make_unique<NodeFont>();
-    case ResourceType::Image:
-        return std::make_unique<NodeImage>(aBasePath);
-    case ResourceType::Rectangle:
-        return std::make_unique<NodeRectangle>(aBasePath);
-    case ResourceType::Shader:
-        return std::make_unique<NodeShader>(aBasePath);
-    }
-    return nullptr;
-}
-
-class FontWithoutInfo : public NodeFont
-{
-public:
-    FontWithoutInfo() { releaseFontInfo(); }
-};
 
 } // namespace
 
@@ -123,9 +85,7 @@ private slots:
         QTest::newRow("two parts") << "20,20" << QColor() << "";
         QTest::newRow("not hex") << "zz,0,0" << QColor() << "";
         QTest::newRow("bad alpha") << "0,0,0,zz" << QColor() << "";
-        QTest::newRow("empty part") << "1,,3" << QColor() << "";
         QTest::newRow("above ff") << "100,0,0" << QColor() << "";
-        QTest::newRow("empty") << "" << QColor() << "";
     }
 
     void colorString()
@@ -138,23 +98,9 @@ private slots:
             QTest::ignoreMessage(QtWarningMsg, "ERROR: invalid color");
         }
         NodeColor node;
-        parseXml(node, "<handle>c</handle><value>" + text + "</value>");
-        QCOMPARE(node.getName(), QStringLiteral("c"));
+        parseXml(node, "<value>" + text + "</value>");
         QCOMPARE(node.getColor(), expected);
         QCOMPARE(node.getColorCss(), css);
-    }
-
-    void colorRecordLayout()
-    {
-        NodeColor node(QStringLiteral("c"));
-        node.setColor(QColor(0x96, 0x64, 0x32, 0x80));
-        const QByteArray data = writeRecord(node);
-        QCOMPARE(data.toHex(), QByteArray("02000000630096643280"));
-
-        // Bytes above 0x7f are components above 127, not negative ones.
-        NodeColor read;
-        QCOMPARE(readRecord(read, data), QDataStream::Ok);
-        QCOMPARE(read.getColorCss(), QStringLiteral("rgba(150,100,50,128)"));
     }
 
     void defaults_data()
@@ -166,7 +112,6 @@ private slots:
         const auto text = [](const char* aText) { return QVariantMap { { "a", QString::fromUtf8(aText) } }; };
         QTest::newRow("false is a bool")
             << "<property name='a'>false</property>" << QVariantMap { { "a", false } } << 0;
-        QTest::newRow("true stays a string") << "<property name='a'>true</property>" << text("true") << 0;
         QTest::newRow("False is not false") << "<property name='a'>False</property>" << text("False") << 0;
         QTest::newRow("numbers stay strings") << "<property name='a'>5</property>" << text("5") << 0;
         QTest::newRow("last one wins")
@@ -194,7 +139,6 @@ private slots:
             QCOMPARE(node.getDefault(it.key()).userType(), it.value().userType());
             QCOMPARE(node.getDefault(it.key()), it.value());
         }
-        QVERIFY(!node.getDefault(QStringLiteral("unknown")).isValid());
     }
 
     void defaultsValueTypes()
@@ -231,23 +175,17 @@ private slots:
         const QByteArray name = QByteArray::fromHex("020000006400");
         QTest::newRow("negative count") << name + QByteArray::fromHex("ffffffff") << corrupt;
         QTest::newRow("count beyond the data") << name + QByteArray::fromHex("ffffff7f") << corrupt;
-        QTest::newRow("string list") << defaultsRecord(QMetaType::QStringList, [](QDataStream& aOut) {
-            aOut << QStringList { QStringLiteral("a") };
-        }) << corrupt;
+        QTest::newRow("string list") << QByteArray(defaultsRecord(QMetaType::QStringList).i32(1).str("a"))
+                                     << corrupt;
         // Loading a pixmap variant needs a GUI application and aborts a process without one.
-        QTest::newRow("pixmap") << defaultsRecord(QMetaType::QPixmap, [](QDataStream& aOut) {
-            aOut << quint32(0) << quint32(0);
-        }) << corrupt;
-        QTest::newRow("nested variant list") << defaultsRecord(
-            QMetaType::QVariantList, [](QDataStream& aOut) {
-                aOut << quint32(1) << quint32(QMetaType::QVariantList) << qint8(0) << quint32(0);
-            }) << corrupt;
-        QTest::newRow("user type") << defaultsRecord(QMetaType::User, [](QDataStream& aOut) {
-            aOut << QByteArray("Custom");
-        }) << corrupt;
+        QTest::newRow("pixmap") << QByteArray(defaultsRecord(QMetaType::QPixmap).zeros(2)) << corrupt;
+        QTest::newRow("nested variant list") << QByteArray(
+            defaultsRecord(QMetaType::QVariantList).i32(1).i32(QMetaType::QVariantList).u8(0).i32(0))
+                                             << corrupt;
+        QTest::newRow("user type") << QByteArray(defaultsRecord(QMetaType::User).i32(6).raw("Custom"))
+                                   << corrupt;
         QTest::newRow("truncated string")
-            << defaultsRecord(QMetaType::QString, [](QDataStream& aOut) { aOut << quint32(200); })
-            << QDataStream::ReadPastEnd;
+            << QByteArray(defaultsRecord(QMetaType::QString).i32(200)) << QDataStream::ReadPastEnd;
     }
 
     void defaultsRefusesHostileRecords()
@@ -330,15 +268,6 @@ private slots:
         QVERIFY2(read.getFontCss().startsWith(QLatin1String("25 10pt ")), qPrintable(read.getFontCss()));
     }
 
-    void fontWithoutInfoCannotBeWritten()
-    {
-        FontWithoutInfo node;
-        QTest::ignoreMessage(QtCriticalMsg, "Cannot serialize NodeFont without FontInfo");
-        QDataStream::Status status = QDataStream::Ok;
-        writeRecord(node, &status);
-        QCOMPARE(status, QDataStream::WriteFailed);
-    }
-
     void imageSizeTags_data()
     {
         QTest::addColumn<QString>("body");
@@ -374,33 +303,22 @@ private slots:
         QCOMPARE(node.getImplicitSize(), implicitSize);
     }
 
-    void imageSetSourceSize_data()
-    {
-        QTest::addColumn<QSize>("frameSize");
-        QTest::addColumn<QSizeF>("implicitSize");
-        QTest::addColumn<QSize>("expectedFrameSize");
-        QTest::addColumn<QSizeF>("expectedImplicitSize");
-
-        const QSize source(30, 40);
-        QTest::newRow("nothing given") << QSize(-1, -1) << QSizeF(0, 0) << source << QSizeF(source);
-        QTest::newRow("frame height 0") << QSize(8, 0) << QSizeF(5, 6) << source << QSizeF(5, 6);
-        QTest::newRow("implicit height 0") << QSize(8, 9) << QSizeF(5, 0) << QSize(8, 9) << QSizeF(source);
-        QTest::newRow("both given") << QSize(1, 1) << QSizeF(0.5, 0.5) << QSize(1, 1) << QSizeF(0.5, 0.5);
-    }
-
+    // A known source size fills in whichever of frame and implicit size has an open dimension.
     void imageSetSourceSize()
     {
-        QFETCH(QSize, frameSize);
-        QFETCH(QSizeF, implicitSize);
-        QFETCH(QSize, expectedFrameSize);
-        QFETCH(QSizeF, expectedImplicitSize);
+        NodeImage frameOpen;
+        frameOpen.setFrameSize(QSize(8, 0));
+        frameOpen.setImplicitSize(QSizeF(5, 6));
+        frameOpen.setSourceSize(QSize(30, 40));
+        QCOMPARE(frameOpen.getFrameSize(), QSize(30, 40));
+        QCOMPARE(frameOpen.getImplicitSize(), QSizeF(5, 6));
 
-        NodeImage node;
-        node.setFrameSize(frameSize);
-        node.setImplicitSize(implicitSize);
-        node.setSourceSize(QSize(30, 40));
-        QCOMPARE(node.getFrameSize(), expectedFrameSize);
-        QCOMPARE(node.getImplicitSize(), expectedImplicitSize);
+        NodeImage implicitOpen;
+        implicitOpen.setFrameSize(QSize(8, 9));
+        implicitOpen.setImplicitSize(QSizeF(5, 0));
+        implicitOpen.setSourceSize(QSize(30, 40));
+        QCOMPARE(implicitOpen.getFrameSize(), QSize(8, 9));
+        QCOMPARE(implicitOpen.getImplicitSize(), QSizeF(30, 40));
     }
 
     void imageFile_data()
@@ -408,37 +326,18 @@ private slots:
         QTest::addColumn<QString>("basePath");
         QTest::addColumn<QString>("file");
         QTest::addColumn<QString>("source");
-        QTest::addColumn<QString>("sourceAfterRead");
+        QTest::addColumn<QString>("sourceAfterRead"); // null: the same
 
-        QTest::newRow("resource path") << ":/day/"
-                                       << "bg.png"
-                                       << "qrc:/day/bg.png"
-                                       << "qrc:/day/bg.png";
-        QTest::newRow("qrc URL") << "qrc:/day/"
-                                 << "a b.png"
-                                 << "qrc:/day/a%20b.png"
-                                 << "qrc:/day/a%20b.png";
-        QTest::newRow("file URL") << "file:///opt/"
-                                  << "x.png"
-                                  << "file:///opt/x.png"
-                                  << "file:///opt/x.png";
-        QTest::newRow("URL characters in the name") << "/opt/"
-                                                    << "a#1%.png"
-                                                    << "file:///opt/a%231%25.png"
-                                                    << "file:///opt/a%231%25.png";
-        QTest::newRow("no base path") << ""
-                                      << "x.png"
-                                      << "x.png"
-                                      << "x.png";
+        // clang-format off
+        QTest::newRow("resource path") << ":/day/" << "bg.png" << "qrc:/day/bg.png" << QString();
+        QTest::newRow("qrc URL") << "qrc:/day/" << "a b.png" << "qrc:/day/a%20b.png" << QString();
+        QTest::newRow("file URL") << "file:///opt/" << "x.png" << "file:///opt/x.png" << QString();
+        QTest::newRow("URL characters in the name") << "/opt/" << "a#1%.png" << "file:///opt/a%231%25.png" << QString();
+        QTest::newRow("no base path") << "" << "x.png" << "x.png" << QString();
         // The record keeps only the file name.
-        QTest::newRow("sub directory") << "/opt/"
-                                       << "icons/x.png"
-                                       << "file:///opt/icons/x.png"
-                                       << "file:///opt/x.png";
-        QTest::newRow("empty file is ignored") << "/opt/"
-                                               << ""
-                                               << ""
-                                               << "";
+        QTest::newRow("sub directory") << "/opt/" << "icons/x.png" << "file:///opt/icons/x.png" << "file:///opt/x.png";
+        QTest::newRow("empty file is ignored") << "/opt/" << "" << "" << QString();
+        // clang-format on
     }
 
     void imageFile()
@@ -454,12 +353,12 @@ private slots:
 
         NodeImage read(basePath);
         QCOMPARE(readRecord(read, writeRecord(node)), QDataStream::Ok);
-        QCOMPARE(read.getSource().toString(QUrl::FullyEncoded), sourceAfterRead);
+        QCOMPARE(read.getSource().toString(QUrl::FullyEncoded),
+            sourceAfterRead.isNull() ? source : sourceAfterRead);
     }
 
     void gradientStops_data()
     {
-        QTest::addColumn<int>("strayEnds");
         QTest::addColumn<QString>("body");
         QTest::addColumn<QList<qreal>>("positions");
         QTest::addColumn<QStringList>("criticals");
@@ -467,25 +366,17 @@ private slots:
         const QString twice
             = QStringLiteral("ERROR: Encountered gradientStop tag start twice before tag end.");
         const QString stray = QStringLiteral("ERROR: Encountered gradientStop tag end without start.");
-        QTest::newRow("two stops") << 0
-                                   << "<gradientStop position='0.25'>ff,0,0</gradientStop>"
-                                      "<gradientStop position='1'>0,0,ff,80</gradientStop>"
-                                   << QList<qreal> { 0.25, 1 } << QStringList {};
         QTest::newRow("no or empty position")
-            << 0 << "<gradientStop>0,0,0</gradientStop><gradientStop position=''>0,0,0</gradientStop>"
+            << "<gradientStop>0,0,0</gradientStop><gradientStop position=''>0,0,0</gradientStop>"
             << QList<qreal> { 0, 0 } << QStringList {};
-        QTest::newRow("stray end") << 1 << "<gradientStop position='0.5'>0,0,0</gradientStop>"
-                                   << QList<qreal> { 0.5 } << QStringList { stray };
         // The inner start discards the outer stop; the outer end then has nothing to finish.
-        QTest::newRow("double start") << 0
-                                      << "<gradientStop position='0.5'><gradientStop position='0.75'>1,2,3"
+        QTest::newRow("double start") << "<gradientStop position='0.5'><gradientStop position='0.75'>1,2,3"
                                          "</gradientStop></gradientStop>"
                                       << QList<qreal> { 0.75 } << QStringList { twice, stray };
     }
 
     void gradientStops()
     {
-        QFETCH(int, strayEnds);
         QFETCH(QString, body);
         QFETCH(QList<qreal>, positions);
         QFETCH(QStringList, criticals);
@@ -494,9 +385,6 @@ private slots:
             QTest::ignoreMessage(QtCriticalMsg, qPrintable(message));
         }
         NodeRectangle node;
-        for (int i = 0; i < strayEnds; ++i) {
-            node.onGradientStopTagEnd(QStringLiteral("0,0,0"));
-        }
         parseXml(node, body);
         QCOMPARE(node.getGradientStopsCount(), positions.size());
         for (int i = 0; i < positions.size(); ++i) {
@@ -515,7 +403,6 @@ private slots:
         QTest::newRow("linear") << "linear" << 1;
         QTest::newRow("radial") << "radial" << 2;
         QTest::newRow("case sensitive") << "Linear" << 3;
-        QTest::newRow("empty") << "" << 3;
     }
 
     void gradientType()
@@ -532,128 +419,36 @@ private slots:
         QCOMPARE(node.getGradientType(), expected);
     }
 
-    void rectangleRecordLayout_data()
+    void rectangleRefusesHostileStopCount_data()
     {
-        QTest::addColumn<QString>("body");
-        QTest::addColumn<int>("extraBytes");
-
-        QTest::newRow("nothing given") << "" << 0;
-        QTest::newRow("scalars")
-            << "<borderWidth>2</borderWidth><radius>4</radius><gradientBeginX>1</gradientBeginX>" << 0;
-        QTest::newRow("colour") << "<value>1,2,3</value>" << 4;
-        QTest::newRow("border colour") << "<borderColor>1,2,3</borderColor>" << 4;
-        QTest::newRow("gradient end") << "<gradientEndY>1</gradientEndY>" << 16;
-        QTest::newRow("stop") << "<gradientStop>1,2,3</gradientStop>" << 12;
-    }
-
-    void rectangleRecordLayout()
-    {
-        QFETCH(QString, body);
-        QFETCH(int, extraBytes);
-
-        // Empty name 4, image fields 92, rectangle fields 47; the optional parts only when given.
-        NodeRectangle node;
-        parseXml(node, body);
-        QCOMPARE(writeRecord(node).size(), 4 + 92 + 47 + extraBytes);
+        QTest::addColumn<QByteArray>("count");
+        QTest::newRow("2^31-1") << QByteArray::fromHex("ffffff7f");
+        QTest::newRow("negative") << QByteArray::fromHex("ffffffff");
     }
 
     void rectangleRefusesHostileStopCount()
     {
+        QFETCH(QByteArray, count);
+
         QByteArray data = writeRecord(NodeRectangle());
         // The stop count comes before the gradient type (int32) and the radius (real).
         const int countAt = data.size() - 4 - 8 - 4;
         QCOMPARE(data.mid(countAt, 4), QByteArray(4, '\0'));
-        data.replace(countAt, 4, QByteArray::fromHex("ffffff7f"));
-
         NodeRectangle read;
-        QCOMPARE(readRecord(read, data), QDataStream::ReadCorruptData);
+        QCOMPARE(readRecord(read, data.replace(countAt, 4, count)), QDataStream::ReadCorruptData);
         QCOMPARE(read.getGradientStopsCount(), 0);
     }
 
-    void shader()
+    void shaderTags()
     {
         NodeShader node(QStringLiteral("/opt/"));
         QCOMPARE(node.getMeshResolution(), QSize(1, 1));
         parseXml(node,
-            "<handle>s</handle><shaderFragment file='true'>wave.frag</shaderFragment>"
-            "<shaderVertex file='yes'>void main() {}</shaderVertex>"
-            "<meshResolutionHeight>8</meshResolutionHeight>"
-            "<supportsAtlasTextures>true</supportsAtlasTextures>");
+            "<shaderFragment file='true'>wave.frag</shaderFragment><shaderVertex file='yes'>v</shaderVertex>"
+            "<meshResolutionHeight>8</meshResolutionHeight>");
         QVERIFY(node.isShaderFragmentFile());
         QVERIFY(!node.isShaderVertexFile());
         QCOMPARE(node.getMeshResolution(), QSize(1, 8));
-
-        // Name "s", null defaultsName, mesh 1 x 8, then each text with its flag, then the atlas flag.
-        const QByteArray head = "020000007300ffffffff010000000800000012000000";
-        const QByteArray expected = head + utf16Hex(QStringLiteral("wave.frag")) + "011c000000"
-            + utf16Hex(QStringLiteral("void main() {}")) + "0001";
-        QCOMPARE(writeRecord(node).toHex(), expected);
-    }
-
-    void roundTrip_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("body");
-
-        QString image
-            = QStringLiteral("<defaultsName>d</defaultsName><file>pic.png</file><frameCount>4</frameCount>"
-                             "<frameWidth>8</frameWidth><desiredHeight>2.5</desiredHeight>"
-                             "<width>30</width><height>40</height>");
-        int value = 0;
-        for (const char* group : { "paddingExternal%1", "usable%1Margin", "tile%1Margin" }) {
-            for (const char* side : { "Left", "Top", "Right", "Bottom" }) {
-                const QString tag = QString::fromLatin1(group).arg(QLatin1String(side));
-                image += QStringLiteral("<%1>%2</%1>").arg(tag).arg(++value);
-            }
-        }
-        for (int type = 0; type < ResourceTypeCount; ++type) {
-            QTest::addRow("empty %d", type) << type << QString();
-        }
-        QTest::newRow("colour") << int(ResourceType::Color) << "<handle>c</handle><value>96,64,32,c8</value>";
-        QTest::newRow("defaults") << int(ResourceType::Defaults)
-                                  << "<handle>d</handle><property name='b'>false</property>"
-                                     "<property name='s'>text</property>";
-        QTest::newRow("font") << int(ResourceType::Font)
-                              << "<handle>f</handle><family>Test</family><pixelSize>14</pixelSize>"
-                                 "<pointSize>9.5</pointSize><italic>true</italic><weight>demiBold</weight>";
-        QTest::newRow("image") << int(ResourceType::Image) << "<handle>i</handle>" + image;
-        QTest::newRow("rectangle") << int(ResourceType::Rectangle)
-                                   << "<handle>r</handle>" + image
-                + "<value>1,2,3,4</value><borderColor>ff,fe,fd</borderColor><borderWidth>2</borderWidth>"
-                  "<radius>3.5</radius><gradientAngle>45</gradientAngle><gradientBeginY>0.5</gradientBeginY>"
-                  "<gradientEndX>0.75</gradientEndX><gradientType>radial</gradientType>"
-                  "<gradientStop position='0.1'>10,20,30</gradientStop>"
-                  "<gradientStop>90,a0,b0,c0</gradientStop>";
-        QTest::newRow("shader")
-            << int(ResourceType::Shader)
-            << "<handle>s</handle><defaultsName>d</defaultsName><shaderFragment>f</shaderFragment>"
-               "<meshResolutionWidth>3</meshResolutionWidth><shaderVertex file='true'>v</shaderVertex>";
-    }
-
-    void roundTrip()
-    {
-        QFETCH(int, type);
-        QFETCH(QString, body);
-
-        const QString basePath = QStringLiteral("/opt/");
-        const std::unique_ptr<XmlNode> node = makeNode(ResourceType(type), basePath);
-        parseXml(*node, body);
-        QDataStream::Status status = QDataStream::Ok;
-        const QByteArray data = writeRecord(*node, &status);
-        QCOMPARE(status, QDataStream::Ok);
-
-        // Writing what was read gives the same bytes only if every field came back.
-        const std::unique_ptr<XmlNode> read = makeNode(ResourceType(type), basePath);
-        QCOMPARE(readRecord(*read, data), QDataStream::Ok);
-        QCOMPARE(read->getName(), node->getName());
-        QCOMPARE(writeRecord(*read).toHex(), data.toHex());
-        if (auto image = dynamic_cast<const NodeImage*>(node.get())) {
-            QCOMPARE(static_cast<const NodeImage&>(*read).getSource(), image->getSource());
-        }
-
-        // A record cut short anywhere is refused.
-        const std::unique_ptr<XmlNode> truncated = makeNode(ResourceType(type), basePath);
-        QVERIFY(readRecord(*truncated, data.left(data.size() - 1)) != QDataStream::Ok);
     }
 };
 

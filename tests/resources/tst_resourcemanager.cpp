@@ -3,7 +3,7 @@
 #include "resources/NodeImage.h"
 #include "resources/ResourceManager.h"
 
-#include "../frame/WarningCounter.h"
+#include "common/MessageLog.h"
 
 #include <QCryptographicHash>
 #include <QDirIterator>
@@ -47,12 +47,6 @@ QByteArray readAll(const QString& aPath)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-bool writeAll(const QString& aPath, const QByteArray& aData)
-{
-    QFile file(aPath);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(aData) == aData.size();
-}
-
 // Qt lists the roots of registered packages as children of ":/".
 int registeredPackages()
 {
@@ -82,305 +76,259 @@ class tst_ResourceManager : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        // Set before anything reaches the configuration, which would otherwise supply both.
+        ResourceManager::getInstance().setPackageDirectory(sPackageDir);
+        QVERIFY(QFile::exists(packagePath(sOcean)));
+    }
 
-    void loadFailures_data();
-    void loadFailures();
-    void loadCounting();
-    void cacheWrittenAndReused();
-    void badCacheRebuilt_data();
-    void badCacheRebuilt();
-    void binaryPackageNeverCached_data();
-    void binaryPackageNeverCached();
-    void searchOrder_data();
-    void searchOrder();
-    void searchOrderAppliesToLaterLoads();
+    void init()
+    {
+        mCache = std::make_unique<QTemporaryDir>();
+        QVERIFY(mCache->isValid());
+        ResourceManager::getInstance().setCacheDirectory(mCache->path());
+    }
+
+    void cleanup()
+    {
+        ResourceManager& resources = ResourceManager::getInstance();
+        resources.setSearchOrder({});
+        const QStringList loaded = resources.getLoadedResources();
+        for (const QString& name : loaded) {
+            while (resources.getLoadCount(name) > 0) {
+                resources.unloadResource(name);
+            }
+        }
+        QCOMPARE(registeredPackages(), 0);
+    }
+
+    void loadFailures_data()
+    {
+        QTest::addColumn<QString>("package");
+        QTest::addColumn<QString>("warning");
+        QTest::addColumn<QString>("critical");
+
+        // clang-format off
+        QTest::newRow("empty name") << QString() << QString() << QString();
+        QTest::newRow("missing file") << "missing.rcc" << QString() << QString();
+        QTest::newRow("not a package") << "garbage.rcc" << QString() << QString();
+        // The description is looked up by the package's own base name, not by what it contains.
+        QTest::newRow("description of another name") << "renamed.rcc" << QString() << "Resource not found: renamed";
+        QTest::newRow("malformed description") << "broken.rcc" << "Opening and ending tag mismatch."
+            << "Unable to load resource metadata: broken.xml";
+        // clang-format on
+    }
+
+    void loadFailures()
+    {
+        QFETCH(QString, package);
+        QFETCH(QString, warning);
+        QFETCH(QString, critical);
+        ResourceManager& resources = ResourceManager::getInstance();
+        QSignalSpy changed(&resources, &ResourceManager::resourceChanged);
+
+        if (!warning.isEmpty()) {
+            QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
+        }
+        if (!critical.isEmpty()) {
+            QTest::ignoreMessage(QtCriticalMsg, qPrintable(critical));
+        }
+        QVERIFY(!resources.loadResource(package));
+        QCOMPARE(changed.count(), 0);
+        QVERIFY(resources.getLoadedResources().isEmpty());
+        QCOMPARE(registeredPackages(), 0);
+        QCOMPARE(cacheFiles(), QStringList());
+    }
+
+    void loadCounting()
+    {
+        ResourceManager& resources = ResourceManager::getInstance();
+        QSignalSpy changed(&resources, &ResourceManager::resourceChanged);
+        QVERIFY(resources.loadResource(sOcean));
+        QVERIFY(resources.loadResource(sOcean));
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(resources.getLoadCount(sOcean), 2);
+        QCOMPARE(registeredPackages(), 1);
+        QVERIFY(!resources.get<NodeImage>(QStringLiteral("background")));
+
+        QVERIFY(resources.unloadResource(sOcean));
+        QCOMPARE(changed.count(), 1);
+        const auto background = resources.get<NodeColor>(QStringLiteral("background"));
+        const auto logo = resources.get<NodeImage>(QStringLiteral("logo"));
+        QVERIFY(background && logo);
+        const QUrl source = logo->getSource();
+
+        QVERIFY(resources.unloadResource(sOcean));
+        QCOMPARE(changed.count(), 2);
+        QVERIFY(resources.getLoadedResources().isEmpty());
+        QVERIFY(!resources.get<NodeColor>(QStringLiteral("background")));
+        QCOMPARE(registeredPackages(), 0);
+        // Nodes that a handle still holds stay whole after their package went away.
+        QCOMPARE(background->getColor(), sOceanBackground);
+        QCOMPARE(logo->getSource(), source);
+
+        QVERIFY(!resources.unloadResource(sOcean));
+        QVERIFY(!resources.unloadResource(QStringLiteral("never-loaded.rcc")));
+        QCOMPARE(changed.count(), 2);
+    }
+
+    void cache_data()
+    {
+        QTest::addColumn<int>("keepBytes");
+        QTest::addColumn<int>("flipByte");
+        QTest::addColumn<QColor>("background");
+
+        // A damaged cache is rebuilt from the package. Byte 12 is the first of the content hash.
+        QTest::newRow("valid cache is read") << -1 << -1 << sMarker;
+        QTest::newRow("written for other content") << -1 << 12 << sOceanBackground;
+        QTest::newRow("truncated in the nodes") << 40 << -1 << sOceanBackground;
+    }
+
+    void cache()
+    {
+        QFETCH(int, keepBytes);
+        QFETCH(int, flipByte);
+        QFETCH(QColor, background);
+        const QByteArray hash = sha1(packagePath(sOcean));
+        ResourceManager& resources = ResourceManager::getInstance();
+        QVERIFY(resources.loadResource(sOcean));
+        QCOMPARE(cacheFiles(), QStringList { cachePath(sOcean) });
+        const auto parsed = resources.getResourceFile(sOcean);
+        QVERIFY(resources.unloadResource(sOcean));
+        QVERIFY(plantCache(cachePath(sOcean), hash, parsed.data()));
+
+        QFile file(cachePath(sOcean));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QByteArray planted = file.readAll();
+        if (flipByte >= 0) {
+            planted[flipByte] = char(planted.at(flipByte) ^ 0x01);
+        }
+        QVERIFY(file.resize(0) && file.write(keepBytes >= 0 ? planted.left(keepBytes) : planted) > 0);
+        file.close();
+
+        MessageLog warnings;
+        QSignalSpy changed(&resources, &ResourceManager::resourceChanged);
+        QVERIFY(resources.loadResource(sOcean));
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(colorOf(QStringLiteral("background")), background);
+        QCOMPARE(warnings.getCount(), 0);
+        // Image names in the cache resolve against this load's root, not the first one's.
+        const auto logo = resources.get<NodeImage>(QStringLiteral("logo"));
+        QVERIFY(logo);
+        QCOMPARE(QImage(NodeImage::toFilePath(logo->getSource())).size(), QSize(4, 4));
+
+        // A valid cache is left alone; a damaged one is written afresh.
+        BinaryResourceFile cached;
+        QVERIFY(cached.loadFile(cachePath(sOcean), QString(), hash));
+        QCOMPARE(cached.get<NodeColor>(QStringLiteral("background"))->getColor(), background);
+    }
+
+    void binaryPackageNeverCached_data()
+    {
+        QTest::addColumn<bool>("plantedCache");
+        QTest::newRow("no cache") << false;
+        QTest::newRow("cache file present") << true;
+    }
+
+    void binaryPackageNeverCached()
+    {
+        QFETCH(bool, plantedCache);
+        const QString extras = QStringLiteral("extras.rcc");
+        QByteArray planted;
+        // Even a valid cache for the package's hash must lose against the packed description.
+        if (plantedCache) {
+            QVERIFY(plantCache(cachePath(extras), sha1(packagePath(extras)), nullptr));
+            planted = readAll(cachePath(extras));
+        }
+
+        ResourceManager& resources = ResourceManager::getInstance();
+        QVERIFY(resources.loadResource(extras));
+        QCOMPARE(colorOf(QStringLiteral("background")), QColor(0xff, 0x00, 0xff));
+        QCOMPARE(colorOf(QStringLiteral("extraOnly")), QColor(0x01, 0x02, 0x03));
+        const auto logo = resources.get<NodeImage>(QStringLiteral("logo"));
+        QVERIFY(logo);
+        QCOMPARE(QImage(NodeImage::toFilePath(logo->getSource())).size(), QSize(4, 4));
+
+        QCOMPARE(cacheFiles(), plantedCache ? QStringList { cachePath(extras) } : QStringList());
+        QCOMPARE(readAll(cachePath(extras)), planted);
+    }
+
+    void searchOrder_data()
+    {
+        QTest::addColumn<QStringList>("order");
+        QTest::addColumn<QColor>("background");
+        QTest::addColumn<QColor>("text");
+
+        const QColor base = sOceanBackground;
+        const QColor day(0xe0, 0xf0, 0xff);
+        const QColor night(0x00, 0x10, 0x20);
+        const QColor dayText(0x10, 0x10, 0x10);
+        const QColor nightText(0xf0, 0xf0, 0xf0);
+        // Packages were loaded as ocean, ocean_day, ocean_night.
+        QTest::newRow("none: oldest first") << QStringList() << base << dayText;
+        QTest::newRow("mode over theme")
+            << QStringList { "ocean_night.rcc", "ocean.rcc" } << night << nightText;
+        QTest::newRow("listed order, not load order")
+            << QStringList { "ocean_day.rcc", "ocean_night.rcc", "ocean.rcc" } << day << dayText;
+        QTest::newRow("names not loaded are skipped")
+            << QStringList { "forest_night.rcc", "ocean_night.rcc", "missing.rcc" } << night << nightText;
+    }
+
+    void searchOrder()
+    {
+        QFETCH(QStringList, order);
+        QFETCH(QColor, background);
+        QFETCH(QColor, text);
+        ResourceManager& resources = ResourceManager::getInstance();
+        for (const char* package : { "ocean.rcc", "ocean_day.rcc", "ocean_night.rcc" }) {
+            QVERIFY(resources.loadResource(QLatin1String(package)));
+        }
+
+        resources.setSearchOrder(order);
+        QCOMPARE(colorOf(QStringLiteral("background")), background);
+        QCOMPARE(colorOf(QStringLiteral("text")), text);
+        // Names that only a lower package has still resolve.
+        QCOMPARE(colorOf(QStringLiteral("accent")), QColor(0x00, 0x80, 0xc0));
+    }
+
+    void searchOrderAppliesToLaterLoads()
+    {
+        ResourceManager& resources = ResourceManager::getInstance();
+        QSignalSpy changed(&resources, &ResourceManager::resourceChanged);
+        const QStringList order { QStringLiteral("ocean_night.rcc"), QStringLiteral("ocean.rcc") };
+        resources.setSearchOrder(order);
+        resources.setSearchOrder(order);
+        QCOMPARE(changed.count(), 1);
+
+        QVERIFY(resources.loadResource(sOcean));
+        QCOMPARE(colorOf(QStringLiteral("background")), sOceanBackground);
+        QVERIFY(resources.loadResource(QStringLiteral("ocean_night.rcc")));
+        QCOMPARE(colorOf(QStringLiteral("background")), QColor(0x00, 0x10, 0x20));
+        QVERIFY(resources.unloadResource(QStringLiteral("ocean_night.rcc")));
+        QCOMPARE(colorOf(QStringLiteral("background")), sOceanBackground);
+        QCOMPARE(changed.count(), 4);
+    }
 
 private:
-    QString cachePath(const QString& aPackage) const;
-    QStringList cacheFiles() const;
+    QString cachePath(const QString& aPackage) const
+    {
+        return QDir::cleanPath(mCache->path() + QLatin1Char('/') + packagePath(aPackage))
+            + QStringLiteral(".cache");
+    }
+
+    QStringList cacheFiles() const
+    {
+        QStringList files;
+        QDirIterator it(mCache->path(), QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            files.append(it.next());
+        }
+        return files;
+    }
 
     std::unique_ptr<QTemporaryDir> mCache;
 };
-
-void tst_ResourceManager::initTestCase()
-{
-    // Set before anything reaches the configuration, which would otherwise supply both.
-    ResourceManager::getInstance().setPackageDirectory(sPackageDir);
-    QVERIFY(QFile::exists(packagePath(sOcean)));
-}
-
-void tst_ResourceManager::init()
-{
-    mCache = std::make_unique<QTemporaryDir>();
-    QVERIFY(mCache->isValid());
-    ResourceManager::getInstance().setCacheDirectory(mCache->path());
-}
-
-void tst_ResourceManager::cleanup()
-{
-    ResourceManager& resources = ResourceManager::getInstance();
-    resources.setSearchOrder({});
-    const QStringList loaded = resources.getLoadedResources();
-    for (const QString& name : loaded) {
-        while (resources.getLoadCount(name) > 0) {
-            resources.unloadResource(name);
-        }
-    }
-    QCOMPARE(registeredPackages(), 0);
-}
-
-QString tst_ResourceManager::cachePath(const QString& aPackage) const
-{
-    return QDir::cleanPath(mCache->path() + QLatin1Char('/') + packagePath(aPackage))
-        + QStringLiteral(".cache");
-}
-
-QStringList tst_ResourceManager::cacheFiles() const
-{
-    QStringList files;
-    QDirIterator it(mCache->path(), QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        files.append(it.next());
-    }
-    return files;
-}
-
-void tst_ResourceManager::loadFailures_data()
-{
-    QTest::addColumn<QString>("package");
-    QTest::addColumn<QString>("warning");
-    QTest::addColumn<QString>("critical");
-
-    // clang-format off
-    QTest::newRow("empty name") << QString() << QString() << QString();
-    QTest::newRow("missing file") << "missing.rcc" << QString() << QString();
-    QTest::newRow("directory") << "." << QString() << QString();
-    QTest::newRow("not a package") << "garbage.rcc" << QString() << QString();
-    // The description is looked up by the package's own base name, not by what it contains.
-    QTest::newRow("description of another name") << "renamed.rcc" << QString() << "Resource not found: renamed";
-    QTest::newRow("malformed description") << "broken.rcc" << "Opening and ending tag mismatch."
-        << "Unable to load resource metadata: broken.xml";
-    // clang-format on
-}
-
-void tst_ResourceManager::loadFailures()
-{
-    QFETCH(QString, package);
-    QFETCH(QString, warning);
-    QFETCH(QString, critical);
-    ResourceManager& resources = ResourceManager::getInstance();
-    QSignalSpy changed(&resources, &ResourceManager::resourceChanged);
-
-    if (!warning.isEmpty()) {
-        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
-    }
-    if (!critical.isEmpty()) {
-        QTest::ignoreMessage(QtCriticalMsg, qPrintable(critical));
-    }
-    QVERIFY(!resources.loadResource(package));
-    QCOMPARE(changed.count(), 0);
-    QCOMPARE(resources.getLoadCount(package), 0);
-    QVERIFY(resources.getLoadedResources().isEmpty());
-    QCOMPARE(registeredPackages(), 0);
-    QCOMPARE(cacheFiles(), QStringList());
-}
-
-void tst_ResourceManager::loadCounting()
-{
-    ResourceManager& resources = ResourceManager::getInstance();
-    QSignalSpy changed(&resources, &ResourceManager::resourceChanged);
-    QVERIFY(resources.loadResource(sOcean));
-    QVERIFY(resources.loadResource(sOcean));
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(resources.getLoadCount(sOcean), 2);
-    QCOMPARE(resources.getLoadedResources(), QStringList { sOcean });
-    QCOMPARE(registeredPackages(), 1);
-    QVERIFY(!resources.get<NodeImage>(QStringLiteral("background")));
-
-    QVERIFY(resources.unloadResource(sOcean));
-    QCOMPARE(changed.count(), 1);
-    const auto background = resources.get<NodeColor>(QStringLiteral("background"));
-    const auto logo = resources.get<NodeImage>(QStringLiteral("logo"));
-    QVERIFY(background && logo);
-    const QUrl source = logo->getSource();
-
-    QVERIFY(resources.unloadResource(sOcean));
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(resources.getLoadCount(sOcean), 0);
-    QVERIFY(resources.getLoadedResources().isEmpty());
-    QVERIFY(!resources.get<NodeColor>(QStringLiteral("background")));
-    QCOMPARE(registeredPackages(), 0);
-    // Nodes that a handle still holds stay whole after their package went away.
-    QCOMPARE(background->getName(), QStringLiteral("background"));
-    QCOMPARE(background->getColor(), sOceanBackground);
-    QCOMPARE(logo->getName(), QStringLiteral("logo"));
-    QCOMPARE(logo->getSource(), source);
-
-    QVERIFY(!resources.unloadResource(sOcean));
-    QVERIFY(!resources.unloadResource(QStringLiteral("never-loaded.rcc")));
-    QCOMPARE(changed.count(), 2);
-}
-
-void tst_ResourceManager::cacheWrittenAndReused()
-{
-    ResourceManager& resources = ResourceManager::getInstance();
-    QVERIFY(resources.loadResource(sOcean));
-    QCOMPARE(cacheFiles(), QStringList { cachePath(sOcean) });
-    BinaryResourceFile cached;
-    QVERIFY(cached.loadFile(cachePath(sOcean), QString(), sha1(packagePath(sOcean))));
-    QCOMPARE(cached.get<NodeColor>(QStringLiteral("background"))->getColor(), sOceanBackground);
-    QVERIFY(cached.get<NodeImage>(QStringLiteral("logo")));
-
-    const auto parsed = resources.getResourceFile(sOcean);
-    QVERIFY(resources.unloadResource(sOcean));
-    QVERIFY(plantCache(cachePath(sOcean), sha1(packagePath(sOcean)), parsed.data()));
-    const QByteArray planted = readAll(cachePath(sOcean));
-    WarningCounter warnings;
-    QVERIFY(resources.loadResource(sOcean));
-    QCOMPARE(colorOf(QStringLiteral("background")), sMarker);
-    QCOMPARE(readAll(cachePath(sOcean)), planted);
-    QCOMPARE(warnings.getCount(), 0);
-
-    // Image names in the cache resolve against this load's root, not the first one's.
-    const auto logo = resources.get<NodeImage>(QStringLiteral("logo"));
-    QVERIFY(logo);
-    QCOMPARE(QImage(NodeImage::toFilePath(logo->getSource())).size(), QSize(4, 4));
-}
-
-void tst_ResourceManager::badCacheRebuilt_data()
-{
-    QTest::addColumn<int>("keepBytes");
-    QTest::addColumn<int>("flipByte");
-
-    // Header: magic (4 bytes), version (4), hash length (4), hash (20).
-    QTest::newRow("written for other content") << -1 << 12;
-    QTest::newRow("wrong magic") << -1 << 0;
-    QTest::newRow("wrong version") << -1 << 4;
-    QTest::newRow("truncated in the header") << 10 << -1;
-    QTest::newRow("truncated in the nodes") << 40 << -1;
-    QTest::newRow("empty") << 0 << -1;
-}
-
-void tst_ResourceManager::badCacheRebuilt()
-{
-    QFETCH(int, keepBytes);
-    QFETCH(int, flipByte);
-    const QByteArray hash = sha1(packagePath(sOcean));
-    ResourceManager& resources = ResourceManager::getInstance();
-    QVERIFY(resources.loadResource(sOcean));
-    const auto parsed = resources.getResourceFile(sOcean);
-    QVERIFY(resources.unloadResource(sOcean));
-    QVERIFY(plantCache(cachePath(sOcean), hash, parsed.data()));
-
-    QByteArray damaged = readAll(cachePath(sOcean));
-    if (keepBytes >= 0) {
-        damaged.truncate(keepBytes);
-    }
-    if (flipByte >= 0) {
-        damaged[flipByte] = char(damaged.at(flipByte) ^ 0x01);
-    }
-    QVERIFY(writeAll(cachePath(sOcean), damaged));
-
-    WarningCounter warnings;
-    QSignalSpy changed(&resources, &ResourceManager::resourceChanged);
-    QVERIFY(resources.loadResource(sOcean));
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(colorOf(QStringLiteral("background")), sOceanBackground);
-    QCOMPARE(warnings.getCount(), 0);
-
-    BinaryResourceFile rebuilt;
-    QVERIFY(rebuilt.loadFile(cachePath(sOcean), QString(), hash));
-    QCOMPARE(rebuilt.get<NodeColor>(QStringLiteral("background"))->getColor(), sOceanBackground);
-}
-
-void tst_ResourceManager::binaryPackageNeverCached_data()
-{
-    QTest::addColumn<bool>("plantedCache");
-    QTest::newRow("no cache") << false;
-    QTest::newRow("cache file present") << true;
-}
-
-void tst_ResourceManager::binaryPackageNeverCached()
-{
-    QFETCH(bool, plantedCache);
-    const QString extras = QStringLiteral("extras.rcc");
-    QByteArray planted;
-    // Even a valid cache for the package's hash must lose against the packed description.
-    if (plantedCache) {
-        QVERIFY(plantCache(cachePath(extras), sha1(packagePath(extras)), nullptr));
-        planted = readAll(cachePath(extras));
-    }
-
-    ResourceManager& resources = ResourceManager::getInstance();
-    QVERIFY(resources.loadResource(extras));
-    QCOMPARE(colorOf(QStringLiteral("background")), QColor(0xff, 0x00, 0xff));
-    QCOMPARE(colorOf(QStringLiteral("extraOnly")), QColor(0x01, 0x02, 0x03));
-    const auto logo = resources.get<NodeImage>(QStringLiteral("logo"));
-    QVERIFY(logo);
-    QCOMPARE(QImage(NodeImage::toFilePath(logo->getSource())).size(), QSize(4, 4));
-
-    QCOMPARE(cacheFiles(), plantedCache ? QStringList { cachePath(extras) } : QStringList());
-    QCOMPARE(readAll(cachePath(extras)), planted);
-}
-
-void tst_ResourceManager::searchOrder_data()
-{
-    QTest::addColumn<QStringList>("order");
-    QTest::addColumn<QColor>("background");
-    QTest::addColumn<QColor>("text");
-
-    const QColor base = sOceanBackground;
-    const QColor day(0xe0, 0xf0, 0xff);
-    const QColor night(0x00, 0x10, 0x20);
-    const QColor dayText(0x10, 0x10, 0x10);
-    const QColor nightText(0xf0, 0xf0, 0xf0);
-    // Packages were loaded as ocean, ocean_day, ocean_night.
-    QTest::newRow("none: oldest first") << QStringList() << base << dayText;
-    QTest::newRow("mode over theme") << QStringList { "ocean_night.rcc", "ocean.rcc" } << night << nightText;
-    QTest::newRow("listed order, not load order")
-        << QStringList { "ocean_day.rcc", "ocean_night.rcc", "ocean.rcc" } << day << dayText;
-    QTest::newRow("unlisted follow, oldest first") << QStringList { "ocean_night.rcc" } << night << nightText;
-    QTest::newRow("names not loaded are skipped")
-        << QStringList { "forest_night.rcc", "ocean_night.rcc", "missing.rcc" } << night << nightText;
-}
-
-void tst_ResourceManager::searchOrder()
-{
-    QFETCH(QStringList, order);
-    QFETCH(QColor, background);
-    QFETCH(QColor, text);
-    ResourceManager& resources = ResourceManager::getInstance();
-    for (const char* package : { "ocean.rcc", "ocean_day.rcc", "ocean_night.rcc" }) {
-        QVERIFY(resources.loadResource(QLatin1String(package)));
-    }
-
-    resources.setSearchOrder(order);
-    QCOMPARE(colorOf(QStringLiteral("background")), background);
-    QCOMPARE(colorOf(QStringLiteral("text")), text);
-    // Names that only a lower package has still resolve.
-    QCOMPARE(colorOf(QStringLiteral("accent")), QColor(0x00, 0x80, 0xc0));
-}
-
-void tst_ResourceManager::searchOrderAppliesToLaterLoads()
-{
-    ResourceManager& resources = ResourceManager::getInstance();
-    QSignalSpy changed(&resources, &ResourceManager::resourceChanged);
-    const QStringList order { QStringLiteral("ocean_night.rcc"), QStringLiteral("ocean.rcc") };
-    resources.setSearchOrder(order);
-    resources.setSearchOrder(order);
-    QCOMPARE(changed.count(), 1);
-
-    QVERIFY(resources.loadResource(sOcean));
-    QCOMPARE(colorOf(QStringLiteral("background")), sOceanBackground);
-    QVERIFY(resources.loadResource(QStringLiteral("ocean_night.rcc")));
-    QCOMPARE(colorOf(QStringLiteral("background")), QColor(0x00, 0x10, 0x20));
-    QVERIFY(resources.unloadResource(QStringLiteral("ocean_night.rcc")));
-    QCOMPARE(colorOf(QStringLiteral("background")), sOceanBackground);
-    QCOMPARE(changed.count(), 4);
-}
 
 QTEST_GUILESS_MAIN(tst_ResourceManager)
 #include "tst_resourcemanager.moc"

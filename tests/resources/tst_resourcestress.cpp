@@ -71,72 +71,70 @@ class tst_ResourceStress : public QObject
     Q_OBJECT
 
 private slots:
-    void lookupsWhileSwitching();
-};
+    void lookupsWhileSwitching()
+    {
+        QTemporaryDir cache;
+        QVERIFY(cache.isValid());
+        // Both singletons are made here, on the main thread, before any reader starts.
+        ResourceManager& resources = ResourceManager::getInstance();
+        resources.setPackageDirectory(QStringLiteral(HMICORE_TEST_PACKAGE_DIR));
+        resources.setCacheDirectory(cache.path());
+        ThemeManager& themes = ThemeManager::getInstance();
+        QVERIFY(themes.addTheme(QFINDTESTDATA("../data/themes/ocean.xml")));
+        QVERIFY(themes.addTheme(QFINDTESTDATA("../data/themes/forest.xml")));
 
-void tst_ResourceStress::lookupsWhileSwitching()
-{
-    QTemporaryDir cache;
-    QVERIFY(cache.isValid());
-    // Both singletons are made here, on the main thread, before any reader starts.
-    ResourceManager& resources = ResourceManager::getInstance();
-    resources.setPackageDirectory(QStringLiteral(HMICORE_TEST_PACKAGE_DIR));
-    resources.setCacheDirectory(cache.path());
-    ThemeManager& themes = ThemeManager::getInstance();
-    QVERIFY(themes.addTheme(QFINDTESTDATA("../data/themes/ocean.xml")));
-    QVERIFY(themes.addTheme(QFINDTESTDATA("../data/themes/forest.xml")));
-
-    std::atomic<bool> stop { false };
-    Failures failures;
-    std::vector<long> lookups(sReaders, 0);
-    std::vector<std::thread> readers;
-    for (int i = 0; i < sReaders; ++i) {
-        readers.emplace_back([&, i] {
-            while (!stop.load(std::memory_order_relaxed)) {
-                checkColor(QStringLiteral("background"), sBackgrounds, failures);
-                checkColor(QStringLiteral("accent"), sAccents, failures);
-                checkLogo(failures);
-                const QString theme = themes.getCurrentTheme();
-                if (theme != QLatin1String("Ocean") && theme != QLatin1String("Forest")) {
-                    failures.add(QStringLiteral("current theme is ") + theme);
+        std::atomic<bool> stop { false };
+        Failures failures;
+        std::vector<long> lookups(sReaders, 0);
+        std::vector<std::thread> readers;
+        for (int i = 0; i < sReaders; ++i) {
+            readers.emplace_back([&, i] {
+                while (!stop.load(std::memory_order_relaxed)) {
+                    checkColor(QStringLiteral("background"), sBackgrounds, failures);
+                    checkColor(QStringLiteral("accent"), sAccents, failures);
+                    checkLogo(failures);
+                    const QString theme = themes.getCurrentTheme();
+                    if (theme != QLatin1String("Ocean") && theme != QLatin1String("Forest")) {
+                        failures.add(QStringLiteral("current theme is ") + theme);
+                    }
+                    ++lookups[size_t(i)];
                 }
-                ++lookups[size_t(i)];
+            });
+        }
+
+        // Every state, and every step between two states, keeps one package per name above loaded.
+        const QList<QPair<QString, QString>> states { { "Ocean", "night" }, { "Forest", "day" },
+            { "Forest", "contrast" }, { "Ocean", "day" }, { "Forest", "night" } };
+        const QString extras = QStringLiteral("extras.rcc");
+        QElapsedTimer timer;
+        timer.start();
+        int switches = 0;
+        while (timer.elapsed() < sSwitchingMs) {
+            const auto& state = states.at(switches % states.size());
+            if (!themes.activate(state.first, state.second)) {
+                failures.add(QStringLiteral("switch to %1/%2 failed").arg(state.first, state.second));
             }
-        });
-    }
-
-    // Every state, and every step between two states, keeps one package per name above loaded.
-    const QList<QPair<QString, QString>> states { { "Ocean", "night" }, { "Forest", "day" },
-        { "Forest", "contrast" }, { "Ocean", "day" }, { "Forest", "night" } };
-    const QString extras = QStringLiteral("extras.rcc");
-    QElapsedTimer timer;
-    timer.start();
-    int switches = 0;
-    while (timer.elapsed() < sSwitchingMs) {
-        const auto& state = states.at(switches % states.size());
-        if (!themes.activate(state.first, state.second)) {
-            failures.add(QStringLiteral("switch to %1/%2 failed").arg(state.first, state.second));
+            if (switches % 3 == 0) {
+                resources.loadResource(extras);
+                resources.setSearchOrder(QStringList { extras } + resources.getSearchOrder());
+            } else if (switches % 3 == 2) {
+                resources.unloadResource(extras);
+            }
+            ++switches;
         }
-        if (switches % 3 == 0) {
-            resources.loadResource(extras);
-            resources.setSearchOrder(QStringList { extras } + resources.getSearchOrder());
-        } else if (switches % 3 == 2) {
-            resources.unloadResource(extras);
+        stop = true;
+        for (std::thread& reader : readers) {
+            reader.join();
         }
-        ++switches;
-    }
-    stop = true;
-    for (std::thread& reader : readers) {
-        reader.join();
-    }
 
-    QVERIFY2(failures.count == 0, qPrintable(failures.first.join(QStringLiteral("; "))));
-    QVERIFY2(switches >= 20, qPrintable(QString::number(switches)));
-    for (const long count : lookups) {
-        QVERIFY2(count >= 20, qPrintable(QString::number(count)));
+        QVERIFY2(failures.count == 0, qPrintable(failures.first.join(QStringLiteral("; "))));
+        QVERIFY2(switches >= 20, qPrintable(QString::number(switches)));
+        for (const long count : lookups) {
+            QVERIFY2(count >= 20, qPrintable(QString::number(count)));
+        }
+        qInfo("%d switches, %ld lookups per reader", switches, lookups.front());
     }
-    qInfo("%d switches, %ld lookups per reader", switches, lookups.front());
-}
+};
 
 QTEST_GUILESS_MAIN(tst_ResourceStress)
 #include "tst_resourcestress.moc"
