@@ -122,4 +122,34 @@ QString formatBool(bool aValue)
     return aValue ? QStringLiteral("true") : QStringLiteral("false");
 }
 
+QCommandLineOption addHelpOption(QCommandLineParser& aParser)
+{
+    const QCommandLineOption helpOption(
+        { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Displays this help."));
+    aParser.addOption(helpOption);
+    return helpOption;
+}
+
+int parseOneFile(QCommandLineParser& aParser, const QCommandLineOption& aHelpOption, const QString& aName,
+    const QString& aSynopsis, const QStringList& aArguments, QString& aInput)
+{
+    const QString usage = usageText(aParser, aSynopsis);
+    if (!aParser.parse(QStringList { aName } + aArguments)) {
+        return usageError(aParser.errorText(), usage);
+    }
+    if (aParser.isSet(aHelpOption)) {
+        std::fputs(usage.toLocal8Bit().constData(), stdout);
+        return ExitSuccess;
+    }
+    const QStringList files = aParser.positionalArguments();
+    if (files.isEmpty()) {
+        return usageError(QStringLiteral("no input file given"), usage);
+    }
+    if (files.size() > 1) {
+        return usageError(QStringLiteral("unexpected argument \"%1\"").arg(files.at(1)), usage);
+    }
+    aInput = files.constFirst();
+    return sRun;
+}
+
 } // namespace Hmi::Core::Tool

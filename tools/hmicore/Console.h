@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
+class QCommandLineOption;
 class QCommandLineParser;
 
 namespace Hmi::Core::Tool {
@@ -45,5 +47,18 @@ QString writeFailureReason(const QString& aPath);
 QString quoted(const QString& aText);
 
 QString formatBool(bool aValue);
+
+/// Adds "-h, --help" to aParser and returns it.
+QCommandLineOption addHelpOption(QCommandLineParser& aParser);
+
+/// Returned by parseOneFile() when the subcommand is to run.
+constexpr int sRun = -1;
+
+/**
+ * Parses aArguments for a subcommand named aName that takes one input file: sRun with aInput set,
+ * or the exit code to return after printing the help text or a usage error.
+ */
+int parseOneFile(QCommandLineParser& aParser, const QCommandLineOption& aHelpOption, const QString& aName,
+    const QString& aSynopsis, const QStringList& aArguments, QString& aInput);
 
 } // namespace Hmi::Core::Tool

@@ -115,43 +115,6 @@ QStringList dump(const LanguageFile& aFile)
     return lines;
 }
 
-QCommandLineOption addHelpOption(QCommandLineParser& aParser)
-{
-    const QCommandLineOption helpOption(
-        { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Displays this help."));
-    aParser.addOption(helpOption);
-    return helpOption;
-}
-
-/// Returned by parseOneFile() when the subcommand is to run.
-constexpr int sRun = -1;
-
-/**
- * Parses aArguments for a subcommand that takes one input file: sRun with aInput set, or the exit
- * code to return after the help text or a usage error.
- */
-int parseOneFile(QCommandLineParser& aParser, const QCommandLineOption& aHelpOption, const QString& aName,
-    const QString& aSynopsis, const QStringList& aArguments, QString& aInput)
-{
-    const QString usage = usageText(aParser, aSynopsis);
-    if (!aParser.parse(QStringList { aName } + aArguments)) {
-        return usageError(aParser.errorText(), usage);
-    }
-    if (aParser.isSet(aHelpOption)) {
-        std::fputs(usage.toLocal8Bit().constData(), stdout);
-        return ExitSuccess;
-    }
-    const QStringList files = aParser.positionalArguments();
-    if (files.isEmpty()) {
-        return usageError(QStringLiteral("no input file given"), usage);
-    }
-    if (files.size() > 1) {
-        return usageError(QStringLiteral("unexpected argument \"%1\"").arg(files.at(1)), usage);
-    }
-    aInput = files.constFirst();
-    return sRun;
-}
-
 int runCompile(const QStringList& aArguments)
 {
     QCommandLineParser parser;

@@ -530,14 +530,6 @@ private:
 
 // ---- Subcommands ----------------------------------------------------------------------------
 
-QCommandLineOption addHelpOption(QCommandLineParser& aParser)
-{
-    const QCommandLineOption helpOption(
-        { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Displays this help."));
-    aParser.addOption(helpOption);
-    return helpOption;
-}
-
 int runCompile(const QStringList& aArguments)
 {
     QCommandLineParser parser;
@@ -554,28 +546,18 @@ int runCompile(const QStringList& aArguments)
     parser.addOptions({ outputOption, basePathOption });
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The XML resource description."));
 
-    const QString usage
-        = usageText(parser, QStringLiteral("hmicore resource compile [options] FILE -o FILE"));
-    if (!parser.parse(QStringList { QStringLiteral("hmicore resource compile") } + aArguments)) {
-        return usageError(parser.errorText(), usage);
-    }
-    if (parser.isSet(helpOption)) {
-        std::fputs(usage.toLocal8Bit().constData(), stdout);
-        return ExitSuccess;
-    }
-    const QStringList files = parser.positionalArguments();
-    if (files.isEmpty()) {
-        return usageError(QStringLiteral("no input file given"), usage);
-    }
-    if (files.size() > 1) {
-        return usageError(QStringLiteral("unexpected argument \"%1\"").arg(files.at(1)), usage);
+    const QString synopsis = QStringLiteral("hmicore resource compile [options] FILE -o FILE");
+    QString input;
+    const int parsed
+        = parseOneFile(parser, helpOption, QStringLiteral("hmicore resource compile"), synopsis, aArguments, input);
+    if (parsed != sRun) {
+        return parsed;
     }
     const QString output = parser.value(outputOption);
     if (output.isEmpty()) {
-        return usageError(QStringLiteral("no output file given (-o FILE)"), usage);
+        return usageError(QStringLiteral("no output file given (-o FILE)"), usageText(parser, synopsis));
     }
 
-    const QString input = files.constFirst();
     QString basePath = parser.isSet(basePathOption) ? parser.value(basePathOption) : directoryOf(input);
     // File names are appended to the base path as they are.
     if (!basePath.isEmpty() && !basePath.endsWith(QLatin1Char('/'))) {
@@ -610,23 +592,12 @@ int runDump(const QStringList& aArguments)
     parser.addPositionalArgument(QStringLiteral("FILE"),
         QStringLiteral("The resource description, XML or binary, or a resource package."));
 
-    const QString usage = usageText(parser, QStringLiteral("hmicore resource dump [options] FILE"));
-    if (!parser.parse(QStringList { QStringLiteral("hmicore resource dump") } + aArguments)) {
-        return usageError(parser.errorText(), usage);
+    QString input;
+    const int parsed = parseOneFile(parser, helpOption, QStringLiteral("hmicore resource dump"),
+        QStringLiteral("hmicore resource dump [options] FILE"), aArguments, input);
+    if (parsed != sRun) {
+        return parsed;
     }
-    if (parser.isSet(helpOption)) {
-        std::fputs(usage.toLocal8Bit().constData(), stdout);
-        return ExitSuccess;
-    }
-    const QStringList files = parser.positionalArguments();
-    if (files.isEmpty()) {
-        return usageError(QStringLiteral("no input file given"), usage);
-    }
-    if (files.size() > 1) {
-        return usageError(QStringLiteral("unexpected argument \"%1\"").arg(files.at(1)), usage);
-    }
-
-    const QString input = files.constFirst();
     QString basePath = directoryOf(input);
     QString reason;
     std::unique_ptr<ResourceFile> file;
