@@ -66,25 +66,15 @@ int runConfigCommand(const QStringList& aArguments)
     parser.setApplicationDescription(QStringLiteral(
         "Prints every HmiCore configuration key with the value the library would use at start-up,\n"
         "and whether that value came from the ini file or is a default."));
-    const QCommandLineOption helpOption(
-        { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Displays this help."));
-    parser.addOption(helpOption);
+    const QCommandLineOption helpOption = addHelpOption(parser);
     const ConfigSource config(parser);
 
-    const QString usage = usageText(parser, QStringLiteral("hmicore config [options]"));
-    if (!parser.parse(QStringList { QStringLiteral("hmicore config") } + aArguments)) {
-        return usageError(parser.errorText(), usage);
+    const QString synopsis = QStringLiteral("hmicore config [options]");
+    if (const int parsed = parseCommand(parser, helpOption, QStringLiteral("hmicore config"), synopsis, aArguments);
+        parsed != sRun) {
+        return parsed;
     }
-    if (parser.isSet(helpOption)) {
-        std::fputs(usage.toLocal8Bit().constData(), stdout);
-        return ExitSuccess;
-    }
-    if (!parser.positionalArguments().isEmpty()) {
-        return usageError(
-            QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().constFirst()),
-            usage);
-    }
-
+    const QString usage = usageText(parser, synopsis);
     if (const int exitCode = config.load(parser, usage); exitCode != ExitSuccess) {
         return exitCode;
     }

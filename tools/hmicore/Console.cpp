@@ -2,6 +2,7 @@
 
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QXmlStreamReader>
 
 #include <cstdio>
 
@@ -130,8 +131,8 @@ QCommandLineOption addHelpOption(QCommandLineParser& aParser)
     return helpOption;
 }
 
-int parseOneFile(QCommandLineParser& aParser, const QCommandLineOption& aHelpOption, const QString& aName,
-    const QString& aSynopsis, const QStringList& aArguments, QString& aInput)
+int parseCommand(QCommandLineParser& aParser, const QCommandLineOption& aHelpOption, const QString& aName,
+    const QString& aSynopsis, const QStringList& aArguments, QString* aInput)
 {
     const QString usage = usageText(aParser, aSynopsis);
     if (!aParser.parse(QStringList { aName } + aArguments)) {
@@ -141,15 +142,38 @@ int parseOneFile(QCommandLineParser& aParser, const QCommandLineOption& aHelpOpt
         std::fputs(usage.toLocal8Bit().constData(), stdout);
         return ExitSuccess;
     }
-    const QStringList files = aParser.positionalArguments();
-    if (files.isEmpty()) {
+    const QStringList arguments = aParser.positionalArguments();
+    const int expected = aInput ? 1 : 0;
+    if (arguments.size() < expected) {
         return usageError(QStringLiteral("no input file given"), usage);
     }
-    if (files.size() > 1) {
-        return usageError(QStringLiteral("unexpected argument \"%1\"").arg(files.at(1)), usage);
+    if (arguments.size() > expected) {
+        return usageError(QStringLiteral("unexpected argument \"%1\"").arg(arguments.at(expected)), usage);
     }
-    aInput = files.constFirst();
+    if (aInput) {
+        *aInput = arguments.constFirst();
+    }
     return sRun;
+}
+
+int parseOneFile(QCommandLineParser& aParser, const QCommandLineOption& aHelpOption, const QString& aName,
+    const QString& aSynopsis, const QStringList& aArguments, QString& aInput)
+{
+    return parseCommand(aParser, aHelpOption, aName, aSynopsis, aArguments, &aInput);
+}
+
+QString xmlProblem(QXmlStreamReader& aReader)
+{
+    while (!aReader.atEnd()) {
+        aReader.readNext();
+    }
+    if (aReader.hasError()) {
+        return QStringLiteral("line %1, column %2: %3")
+            .arg(aReader.lineNumber())
+            .arg(aReader.columnNumber())
+            .arg(aReader.errorString());
+    }
+    return {};
 }
 
 } // namespace Hmi::Core::Tool

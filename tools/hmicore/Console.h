@@ -5,6 +5,7 @@
 
 class QCommandLineOption;
 class QCommandLineParser;
+class QXmlStreamReader;
 
 namespace Hmi::Core::Tool {
 
@@ -48,6 +49,9 @@ QString quoted(const QString& aText);
 
 QString formatBool(bool aValue);
 
+/// Reads the rest of aReader's document: "line L, column C: <error>" where it is broken, or empty.
+QString xmlProblem(QXmlStreamReader& aReader);
+
 /// Adds "-h, --help" to aParser and returns it.
 QCommandLineOption addHelpOption(QCommandLineParser& aParser);
 
@@ -55,9 +59,14 @@ QCommandLineOption addHelpOption(QCommandLineParser& aParser);
 constexpr int sRun = -1;
 
 /**
- * Parses aArguments for a subcommand named aName that takes one input file: sRun with aInput set,
- * or the exit code to return after printing the help text or a usage error.
+ * Parses aArguments for the subcommand aName: sRun when it is to run, or the exit code to return
+ * after printing the help text or a usage error. With aInput, the subcommand takes exactly one
+ * input file and aInput receives it; without, it takes no positional argument.
  */
+int parseCommand(QCommandLineParser& aParser, const QCommandLineOption& aHelpOption, const QString& aName,
+    const QString& aSynopsis, const QStringList& aArguments, QString* aInput = nullptr);
+
+/// parseCommand() for a subcommand that takes one input file.
 int parseOneFile(QCommandLineParser& aParser, const QCommandLineOption& aHelpOption, const QString& aName,
     const QString& aSynopsis, const QStringList& aArguments, QString& aInput);
 

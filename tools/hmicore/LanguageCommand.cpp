@@ -36,16 +36,7 @@ QString xmlProblem(const QString& aPath)
         return file.errorString();
     }
     QXmlStreamReader reader(&file);
-    while (!reader.atEnd()) {
-        reader.readNext();
-    }
-    if (reader.hasError()) {
-        return QStringLiteral("line %1, column %2: %3")
-            .arg(reader.lineNumber())
-            .arg(reader.columnNumber())
-            .arg(reader.errorString());
-    }
-    return {};
+    return Tool::xmlProblem(reader);
 }
 
 bool isBinaryPath(const QString& aPath)

@@ -72,16 +72,7 @@ QString xmlProblem(const QByteArray& aData)
     if (!reader.isStartElement() || reader.name() != sRootElement) {
         return QStringLiteral("not a resource file");
     }
-    while (!reader.atEnd()) {
-        reader.readNext();
-    }
-    if (reader.hasError()) {
-        return QStringLiteral("line %1, column %2: %3")
-            .arg(reader.lineNumber())
-            .arg(reader.columnNumber())
-            .arg(reader.errorString());
-    }
-    return {};
+    return Tool::xmlProblem(reader);
 }
 
 /**

@@ -54,24 +54,15 @@ int runList(const QStringList& aArguments)
         "Lists the themes in the configuration's ThemesPath in the order start-up adds them: the\n"
         "name, the theme file, its packages and each mode with its packages. The theme an\n"
         "application starts in, and the mode each theme starts in, are marked \"(default)\"."));
-    const QCommandLineOption helpOption(
-        { QStringLiteral("h"), QStringLiteral("help") }, QStringLiteral("Displays this help."));
-    parser.addOption(helpOption);
+    const QCommandLineOption helpOption = addHelpOption(parser);
     const ConfigSource config(parser);
 
-    const QString usage = usageText(parser, QStringLiteral("hmicore theme list [options]"));
-    if (!parser.parse(QStringList { QStringLiteral("hmicore theme list") } + aArguments)) {
-        return usageError(parser.errorText(), usage);
+    const QString synopsis = QStringLiteral("hmicore theme list [options]");
+    if (const int parsed = parseCommand(parser, helpOption, QStringLiteral("hmicore theme list"), synopsis, aArguments);
+        parsed != sRun) {
+        return parsed;
     }
-    if (parser.isSet(helpOption)) {
-        std::fputs(usage.toLocal8Bit().constData(), stdout);
-        return ExitSuccess;
-    }
-    if (!parser.positionalArguments().isEmpty()) {
-        return usageError(
-            QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().constFirst()),
-            usage);
-    }
+    const QString usage = usageText(parser, synopsis);
     if (const int exitCode = config.load(parser, usage); exitCode != ExitSuccess) {
         return exitCode;
     }
