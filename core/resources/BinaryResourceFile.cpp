@@ -1,11 +1,6 @@
 #include "resources/BinaryResourceFile.h"
 
-#include "resources/NodeColor.h"
-#include "resources/NodeDefaults.h"
-#include "resources/NodeFont.h"
-#include "resources/NodeImage.h"
-#include "resources/NodeRectangle.h"
-#include "resources/NodeShader.h"
+#include "resources/XmlNode.h"
 
 #include <QBuffer>
 #include <QDataStream>
@@ -51,36 +46,6 @@ namespace {
         aStream.setVersion(QDataStream::Qt_5_6);
         aStream.setByteOrder(QDataStream::LittleEndian);
         aStream.setFloatingPointPrecision(QDataStream::DoublePrecision);
-    }
-
-    template <typename T>
-    QSharedPointer<XmlNode> makeNode(const QString& aBasePath)
-    {
-        if constexpr (std::is_constructible_v<T, QString, QString>) {
-            return QSharedPointer<T>::create(aBasePath, QString());
-        } else {
-            Q_UNUSED(aBasePath)
-            return QSharedPointer<T>::create(QString());
-        }
-    }
-
-    QSharedPointer<XmlNode> makeNode(ResourceType aType, const QString& aBasePath)
-    {
-        switch (aType) {
-        case ResourceType::Color:
-            return makeNode<NodeColor>(aBasePath);
-        case ResourceType::Defaults:
-            return makeNode<NodeDefaults>(aBasePath);
-        case ResourceType::Font:
-            return makeNode<NodeFont>(aBasePath);
-        case ResourceType::Image:
-            return makeNode<NodeImage>(aBasePath);
-        case ResourceType::Rectangle:
-            return makeNode<NodeRectangle>(aBasePath);
-        case ResourceType::Shader:
-            return makeNode<NodeShader>(aBasePath);
-        }
-        return {};
     }
 
 } // namespace
@@ -156,7 +121,7 @@ bool BinaryResourceFile::readSection(ResourceType aType)
     NodeTable& nodes = table(aType);
     nodes.reserve(nodes.size() + count);
     for (qint32 i = 0; i < count; ++i) {
-        QSharedPointer<XmlNode> node = makeNode(aType, getBasePath());
+        QSharedPointer<XmlNode> node = createNode(aType, getBasePath());
         node->readRecord(stream);
         if (stream.status() != QDataStream::Ok) {
             return false;

@@ -1,5 +1,12 @@
 #include "resources/ResourceFile.h"
 
+#include "resources/NodeColor.h"
+#include "resources/NodeDefaults.h"
+#include "resources/NodeFont.h"
+#include "resources/NodeImage.h"
+#include "resources/NodeRectangle.h"
+#include "resources/NodeShader.h"
+
 #include <QDebug>
 
 namespace Hmi::Core {
@@ -9,6 +16,18 @@ namespace {
     {
         return int(aType) >= 0 && int(aType) < ResourceTypeCount;
     }
+
+    template <typename T>
+    QSharedPointer<XmlNode> makeNode(const QString& aBasePath)
+    {
+        if constexpr (std::is_constructible_v<T, QString, QString>) {
+            return QSharedPointer<T>::create(aBasePath, QString());
+        } else {
+            Q_UNUSED(aBasePath)
+            return QSharedPointer<T>::create(QString());
+        }
+    }
+
 } // namespace
 
 ResourceFile::ResourceFile(const QString& aBasePath)
@@ -17,6 +36,25 @@ ResourceFile::ResourceFile(const QString& aBasePath)
 }
 
 ResourceFile::~ResourceFile() = default;
+
+QSharedPointer<XmlNode> ResourceFile::createNode(ResourceType aType, const QString& aBasePath)
+{
+    switch (aType) {
+    case ResourceType::Color:
+        return makeNode<NodeColor>(aBasePath);
+    case ResourceType::Defaults:
+        return makeNode<NodeDefaults>(aBasePath);
+    case ResourceType::Font:
+        return makeNode<NodeFont>(aBasePath);
+    case ResourceType::Image:
+        return makeNode<NodeImage>(aBasePath);
+    case ResourceType::Rectangle:
+        return makeNode<NodeRectangle>(aBasePath);
+    case ResourceType::Shader:
+        return makeNode<NodeShader>(aBasePath);
+    }
+    return {};
+}
 
 void ResourceFile::insertNode(ResourceType aType, const QSharedPointer<const Node>& aNode)
 {

@@ -12,6 +12,8 @@
 
 namespace Hmi::Core {
 
+class XmlNode;
+
 /**
  * The nodes of one resource description, one table per resource type, keyed by node name.
  * A later node of the same name replaces an earlier one.
@@ -31,6 +33,9 @@ public:
 
     void insertNode(ResourceType aType, const QSharedPointer<const Node>& aNode);
     QSharedPointer<const Node> getNode(ResourceType aType, const QString& aName) const;
+
+    /// A new, empty node of aType; image, rectangle and shader nodes resolve file names against aBasePath.
+    static QSharedPointer<XmlNode> createNode(ResourceType aType, const QString& aBasePath);
 
     /// The table of aType; an empty table for a type out of range.
     const NodeTable& getNodes(ResourceType aType) const;

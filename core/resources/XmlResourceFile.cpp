@@ -1,11 +1,6 @@
 #include "resources/XmlResourceFile.h"
 
-#include "resources/NodeColor.h"
-#include "resources/NodeDefaults.h"
 #include "resources/NodeFont.h"
-#include "resources/NodeImage.h"
-#include "resources/NodeRectangle.h"
-#include "resources/NodeShader.h"
 
 #include <QDebug>
 #include <QFile>
@@ -14,17 +9,6 @@
 namespace Hmi::Core {
 
 namespace {
-
-    template <typename T>
-    QSharedPointer<T> makeNode(const QString& aBasePath)
-    {
-        if constexpr (std::is_constructible_v<T, QString, QString>) {
-            return QSharedPointer<T>::create(aBasePath, QString());
-        } else {
-            Q_UNUSED(aBasePath)
-            return QSharedPointer<T>::create(QString());
-        }
-    }
 
     // A font that is not installed silently falls back to another one, which breaks layouts on
     // the target; say so, with what was asked for against what will be drawn.
@@ -55,27 +39,26 @@ XmlResourceFile::XmlResourceFile(const QString& aBasePath)
     : ResourceFile(aBasePath)
 {
     registerTag(QStringLiteral("NvkQtResourceFile"), { this, {}, {} });
-    registerElement<NodeColor>(QStringLiteral("color"));
-    registerElement<NodeDefaults>(QStringLiteral("defaults"));
-    registerElement<NodeFont>(QStringLiteral("font"));
-    registerElement<NodeImage>(QStringLiteral("image"));
-    registerElement<NodeImage>(QStringLiteral("animation"));
-    registerElement<NodeRectangle>(QStringLiteral("rectangle"));
-    registerElement<NodeShader>(QStringLiteral("shader"));
+    registerElement(QStringLiteral("color"), ResourceType::Color);
+    registerElement(QStringLiteral("defaults"), ResourceType::Defaults);
+    registerElement(QStringLiteral("font"), ResourceType::Font);
+    registerElement(QStringLiteral("image"), ResourceType::Image);
+    registerElement(QStringLiteral("animation"), ResourceType::Image);
+    registerElement(QStringLiteral("rectangle"), ResourceType::Rectangle);
+    registerElement(QStringLiteral("shader"), ResourceType::Shader);
 }
 
 XmlResourceFile::~XmlResourceFile() = default;
 
-template <typename T>
-void XmlResourceFile::registerElement(const QString& aTag)
+void XmlResourceFile::registerElement(const QString& aTag, ResourceType aType)
 {
     registerTag(aTag,
         { this,
-            [this](const QXmlStreamReader&) {
+            [this, aType](const QXmlStreamReader&) {
                 // A node element opened inside another one: keep what the outer one read.
                 finishElement();
-                mCurrentNode = makeNode<T>(getBasePath());
-                mCurrentType = T::sResourceType;
+                mCurrentNode = createNode(aType, getBasePath());
+                mCurrentType = aType;
                 mCurrentNode->registerTags(*this);
             },
             [this](const QString&) { finishElement(); } });

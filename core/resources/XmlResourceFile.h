@@ -27,8 +27,7 @@ public:
     bool loadData(const QByteArray& aData);
 
 private:
-    template <typename T>
-    void registerElement(const QString& aTag);
+    void registerElement(const QString& aTag, ResourceType aType);
     void finishElement();
 
     QSharedPointer<XmlNode> mCurrentNode;
