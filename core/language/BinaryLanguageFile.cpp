@@ -223,13 +223,7 @@ bool BinaryLanguageFile::save(const QString& aPath, const LanguageFile& aFile)
 
     stream << sMagic << sVersion << aFile.getCodePage() << aFile.getLanguage() << aFile.getDisplayName()
            << aFile.getCatalogExtra() << aFile.getRightToLeft() << aFile.getVersion();
-    const NodeTable& nodes = aFile.getNodes();
-    QStringList names = nodes.keys();
-    std::sort(names.begin(), names.end());
-    stream << qint32(names.size());
-    for (const QString& name : qAsConst(names)) {
-        nodes.value(name)->writeRecord(stream);
-    }
+    Node::writeRecords(stream, aFile.getNodes());
     if (stream.status() != QDataStream::Ok) {
         device.cancelWriting();
         return false;

@@ -146,13 +146,7 @@ bool BinaryResourceFile::saveFile(const QString& aPath, const QByteArray& aHash,
     stream << sMagic << sVersion << quint32(aHash.size());
     stream.writeRawData(aHash.constData(), aHash.size());
     for (int type = 0; type < ResourceTypeCount; ++type) {
-        const NodeTable& nodes = aSource.getNodes(ResourceType(type));
-        QStringList names = nodes.keys();
-        std::sort(names.begin(), names.end());
-        stream << qint32(names.size());
-        for (const QString& name : qAsConst(names)) {
-            nodes.value(name)->writeRecord(stream);
-        }
+        Node::writeRecords(stream, aSource.getNodes(ResourceType(type)));
     }
     if (stream.status() != QDataStream::Ok) {
         file.cancelWriting();

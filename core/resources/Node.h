@@ -2,9 +2,11 @@
 
 #include "hmicore_export.h"
 
+#include <QDataStream>
 #include <QString>
+#include <QStringList>
 
-class QDataStream;
+#include <algorithm>
 
 namespace Hmi::Core {
 
@@ -28,6 +30,19 @@ public:
     void writeRecord(QDataStream& aStream) const;
     /// Reads a record written by writeRecord(); failures show in the stream's status.
     void readRecord(QDataStream& aStream);
+
+    /// Writes the count of aNodes, then their records in ascending order of name, so that the
+    /// same content always gives the same bytes.
+    template <typename Table>
+    static void writeRecords(QDataStream& aStream, const Table& aNodes)
+    {
+        QStringList names = aNodes.keys();
+        std::sort(names.begin(), names.end());
+        aStream << qint32(names.size());
+        for (const QString& name : qAsConst(names)) {
+            aNodes.value(name)->writeRecord(aStream);
+        }
+    }
 
 protected:
     virtual void writeFields(QDataStream& aStream) const = 0;

@@ -176,4 +176,23 @@ QString xmlProblem(QXmlStreamReader& aReader)
     return {};
 }
 
+int runSubcommand(const QStringList& aArguments, const char* aGroupUsage, std::initializer_list<Subcommand> aSubcommands)
+{
+    const QString usage = QString::fromLatin1(aGroupUsage);
+    if (aArguments.isEmpty()) {
+        return usageError(QStringLiteral("no subcommand given"), usage);
+    }
+    const QString subcommand = aArguments.constFirst();
+    if (subcommand == QLatin1String("-h") || subcommand == QLatin1String("--help")) {
+        std::fputs(aGroupUsage, stdout);
+        return ExitSuccess;
+    }
+    for (const Subcommand& candidate : aSubcommands) {
+        if (subcommand == QLatin1String(candidate.name)) {
+            return candidate.run(aArguments.mid(1));
+        }
+    }
+    return usageError(QStringLiteral("unknown subcommand \"%1\"").arg(subcommand), usage);
+}
+
 } // namespace Hmi::Core::Tool

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <initializer_list>
+
 class QCommandLineOption;
 class QCommandLineParser;
 class QXmlStreamReader;
@@ -51,6 +53,18 @@ QString formatBool(bool aValue);
 
 /// Reads the rest of aReader's document: "line L, column C: <error>" where it is broken, or empty.
 QString xmlProblem(QXmlStreamReader& aReader);
+
+struct Subcommand
+{
+    const char* name;
+    int (*run)(const QStringList& aArguments);
+};
+
+/**
+ * Runs the subcommand of a command group named by the first of aArguments, with the rest;
+ * prints aGroupUsage for "-h"/"--help", and as a usage error when the subcommand is missing or unknown.
+ */
+int runSubcommand(const QStringList& aArguments, const char* aGroupUsage, std::initializer_list<Subcommand> aSubcommands);
 
 /// Adds "-h, --help" to aParser and returns it.
 QCommandLineOption addHelpOption(QCommandLineParser& aParser);

@@ -180,22 +180,7 @@ int runDump(const QStringList& aArguments)
 
 int runLanguageCommand(const QStringList& aArguments)
 {
-    if (aArguments.isEmpty()) {
-        return usageError(QStringLiteral("no subcommand given"), QString::fromLatin1(sGroupUsage));
-    }
-    const QString subcommand = aArguments.constFirst();
-    if (subcommand == QLatin1String("-h") || subcommand == QLatin1String("--help")) {
-        std::fputs(sGroupUsage, stdout);
-        return ExitSuccess;
-    }
-    if (subcommand == QLatin1String("compile")) {
-        return runCompile(aArguments.mid(1));
-    }
-    if (subcommand == QLatin1String("dump")) {
-        return runDump(aArguments.mid(1));
-    }
-    return usageError(
-        QStringLiteral("unknown subcommand \"%1\"").arg(subcommand), QString::fromLatin1(sGroupUsage));
+    return runSubcommand(aArguments, sGroupUsage, { { "compile", &runCompile }, { "dump", &runDump } });
 }
 
 } // namespace Hmi::Core::Tool

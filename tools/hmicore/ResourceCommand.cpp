@@ -42,11 +42,6 @@ const char sGroupUsage[] = "Usage: hmicore resource <subcommand> [options]\n"
                            "\n"
                            "Run \"hmicore resource <subcommand> --help\" for its options.\n";
 
-QString groupUsage()
-{
-    return QString::fromLatin1(sGroupUsage);
-}
-
 // ---- Reading a description ------------------------------------------------------------------
 
 bool isBinary(const QByteArray& aData)
@@ -616,21 +611,7 @@ int runDump(const QStringList& aArguments)
 
 int runResourceCommand(const QStringList& aArguments)
 {
-    if (aArguments.isEmpty()) {
-        return usageError(QStringLiteral("no subcommand given"), groupUsage());
-    }
-    const QString subcommand = aArguments.constFirst();
-    if (subcommand == QLatin1String("-h") || subcommand == QLatin1String("--help")) {
-        std::fputs(sGroupUsage, stdout);
-        return ExitSuccess;
-    }
-    if (subcommand == QLatin1String("compile")) {
-        return runCompile(aArguments.mid(1));
-    }
-    if (subcommand == QLatin1String("dump")) {
-        return runDump(aArguments.mid(1));
-    }
-    return usageError(QStringLiteral("unknown subcommand \"%1\"").arg(subcommand), groupUsage());
+    return runSubcommand(aArguments, sGroupUsage, { { "compile", &runCompile }, { "dump", &runDump } });
 }
 
 } // namespace Hmi::Core::Tool

@@ -123,19 +123,7 @@ int runList(const QStringList& aArguments)
 
 int runThemeCommand(const QStringList& aArguments)
 {
-    if (aArguments.isEmpty()) {
-        return usageError(QStringLiteral("no subcommand given"), QString::fromLatin1(sGroupUsage));
-    }
-    const QString subcommand = aArguments.constFirst();
-    if (subcommand == QLatin1String("-h") || subcommand == QLatin1String("--help")) {
-        std::fputs(sGroupUsage, stdout);
-        return ExitSuccess;
-    }
-    if (subcommand == QLatin1String("list")) {
-        return runList(aArguments.mid(1));
-    }
-    return usageError(
-        QStringLiteral("unknown subcommand \"%1\"").arg(subcommand), QString::fromLatin1(sGroupUsage));
+    return runSubcommand(aArguments, sGroupUsage, { { "list", &runList } });
 }
 
 } // namespace Hmi::Core::Tool
