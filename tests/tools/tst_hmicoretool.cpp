@@ -60,23 +60,17 @@ class tst_HmiCoreTool : public QObject
 
 private slots:
     void initTestCase();
-    void listsEveryKeyInOrder();
+    void init();
     void config_data();
     void config();
-    void rejects_data();
-    void rejects();
-    void help_data();
-    void help();
+    void commandLine_data();
+    void commandLine();
     void resourceRoundTrip_data();
     void resourceRoundTrip();
-    void resourceBinaryDrops_data();
-    void resourceBinaryDrops();
     void resourceDump_data();
     void resourceDump();
     void resourceTruncatedBinary_data();
     void resourceTruncatedBinary();
-    void resourceRejects_data();
-    void resourceRejects();
     void languageCompileAndDump();
     void themeList_data();
     void themeList();
@@ -84,18 +78,20 @@ private slots:
     void resourceDumpPackage();
 
 private:
-    ToolRun run(const QStringList& aArguments, const QString& aWorkingDirectory) const;
-    static void writeFile(const QString& aPath, const QString& aText);
-    static void writeBytes(const QString& aPath, const QByteArray& aData);
-    /// Compiles aXml into aDirectory, dumps both files; QVERIFYs that every step succeeds.
-    void compileAndDump(const QString& aXml, const QString& aDirectory, QStringList& aXmlDump,
-        QStringList& aBinaryDump) const;
-
-    /// Packs aEntries ("alias=file") into the package aPackage with rcc; QVERIFYs that it worked.
+    /// Runs the tool in the test's temporary directory; "@DIR@" in the arguments names that directory.
+    ToolRun run(const QStringList& aArguments) const;
+    /// Empty aExpected: stderr must stay empty; otherwise it must contain aExpected.
+    void checkErrors(const ToolRun& aResult, const QString& aExpected) const;
+    /// Writes "path|content" entries below the temporary directory.
+    void writeFiles(const QStringList& aFiles) const;
+    static void writeFile(const QString& aPath, const QByteArray& aData);
+    /// Packs aEntries ("alias=file", files below "@DIR@/sources") into aPackage with rcc; QVERIFYs that it worked.
     void pack(const QString& aPackage, const QStringList& aEntries) const;
 
     QString mTool;
     QString mEveryKind;
+    QScopedPointer<QTemporaryDir> mDirectory;
+    QString mRoot;
 };
 
 void tst_HmiCoreTool::initTestCase()
@@ -111,11 +107,18 @@ void tst_HmiCoreTool::initTestCase()
     QVERIFY(!mEveryKind.isEmpty());
 }
 
-ToolRun tst_HmiCoreTool::run(const QStringList& aArguments, const QString& aWorkingDirectory) const
+void tst_HmiCoreTool::init()
+{
+    mDirectory.reset(new QTemporaryDir);
+    QVERIFY(mDirectory->isValid());
+    mRoot = mDirectory->path();
+}
+
+ToolRun tst_HmiCoreTool::run(const QStringList& aArguments) const
 {
     QProcess process;
-    process.setWorkingDirectory(aWorkingDirectory);
-    process.start(mTool, aArguments);
+    process.setWorkingDirectory(mRoot);
+    process.start(mTool, expand(aArguments, mRoot));
     ToolRun result;
     if (!process.waitForFinished(30000) || process.exitStatus() != QProcess::NormalExit) {
         process.kill();
@@ -128,327 +131,172 @@ ToolRun tst_HmiCoreTool::run(const QStringList& aArguments, const QString& aWork
     return result;
 }
 
-void tst_HmiCoreTool::writeFile(const QString& aPath, const QString& aText)
+void tst_HmiCoreTool::writeFile(const QString& aPath, const QByteArray& aData)
 {
     QVERIFY(QDir().mkpath(QFileInfo(aPath).absolutePath()));
-    QFile file(aPath);
-    QVERIFY2(file.open(QIODevice::WriteOnly | QIODevice::Text), qPrintable(aPath));
-    file.write(aText.toUtf8());
-}
-
-void tst_HmiCoreTool::writeBytes(const QString& aPath, const QByteArray& aData)
-{
     QFile file(aPath);
     QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(aPath));
     file.write(aData);
 }
 
-void tst_HmiCoreTool::compileAndDump(
-    const QString& aXml, const QString& aDirectory, QStringList& aXmlDump, QStringList& aBinaryDump) const
+void tst_HmiCoreTool::checkErrors(const ToolRun& aResult, const QString& aExpected) const
 {
-    // Another directory than the XML's: image files must come out relative to each file's own.
-    const QString binary = aDirectory + QStringLiteral("/out/theme.dat");
-    QVERIFY(QDir().mkpath(aDirectory + QStringLiteral("/out")));
-    const ToolRun compiled = run({ "resource", "compile", aXml, "-o", binary }, aDirectory);
-    QVERIFY2(compiled.exitCode == 0, qPrintable(compiled.err));
-    QCOMPARE(compiled.out, QString());
-
-    const ToolRun fromXml = run({ "resource", "dump", aXml }, aDirectory);
-    QVERIFY2(fromXml.exitCode == 0, qPrintable(fromXml.err));
-    const ToolRun fromBinary = run({ "resource", "dump", binary }, aDirectory);
-    QVERIFY2(fromBinary.exitCode == 0, qPrintable(fromBinary.err));
-    // Reading the binary form logs nothing: no font checks, no parse warnings.
-    QCOMPARE(fromBinary.err, QString());
-    aXmlDump = fromXml.out.split(QLatin1Char('\n'));
-    aBinaryDump = fromBinary.out.split(QLatin1Char('\n'));
+    if (aExpected.isEmpty()) {
+        QCOMPARE(aResult.err, QString());
+    } else {
+        QVERIFY2(aResult.err.contains(expand(aExpected, mRoot)), qPrintable(aResult.err));
+    }
 }
 
-void tst_HmiCoreTool::listsEveryKeyInOrder()
+void tst_HmiCoreTool::writeFiles(const QStringList& aFiles) const
 {
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    const ToolRun result = run({ QStringLiteral("config") }, directory.path());
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.err, QString());
-
-    QStringList keys;
-    parseListing(result.out, &keys);
-    QStringList expected;
-    for (int key = 0; key < HmiCoreConfigs::KeyCount; ++key) {
-        expected.append(HmiCoreConfigs::getKeyName(HmiCoreConfigs::Key(key)));
+    for (const QString& file : aFiles) {
+        const int separator = file.indexOf(QLatin1Char('|'));
+        writeFile(mRoot + QLatin1Char('/') + file.left(separator), file.mid(separator + 1).toUtf8());
     }
-    QCOMPARE(keys, expected);
 }
 
 void tst_HmiCoreTool::config_data()
 {
     QTest::addColumn<QStringList>("arguments");
-    // Written below the temporary directory, which is also the tool's working directory.
-    QTest::addColumn<QString>("iniName");
-    QTest::addColumn<QString>("iniText");
+    // "path|content" files written below the temporary directory, the tool's working directory.
+    QTest::addColumn<QStringList>("files");
     // "HmiCore/Key = value (file|default)"; keys not listed are not checked.
     QTest::addColumn<QStringList>("expected");
-    // Empty: stderr must stay empty.
     QTest::addColumn<QString>("expectedError");
 
-    const QStringList withIni { QStringLiteral("config"), QStringLiteral("--ini"),
-        QStringLiteral("@DIR@/conf/app.ini") };
-    const QString conf = QStringLiteral("conf/app.ini");
+    const QStringList withIni { "config", "--ini", "@DIR@/conf/app.ini" };
+    const QString ini = QStringLiteral("conf/app.ini|[HmiCore]\n");
 
     QTest::newRow("defaults")
-        << QStringList { "config" } << QString() << QString()
+        << QStringList { "config" } << QStringList {}
         << QStringList { "HmiCore/AlphaChannelEnabled = false (default)",
-               "HmiCore/FontFamilyDefault = Open Sans (default)", "HmiCore/GnuPrefix = usr/local (default)",
                "HmiCore/GnuBindir = usr/local/bin (default)",
-               "HmiCore/GnuDatadir = usr/local/share (default)",
                "HmiCore/ThemesPath = usr/local/share/hmicore/themes (default)",
                "HmiCore/StringDatabaseName = usr/local/var/hmicore_strings.db (default)",
                "HmiCore/ResourceCachePath = usr/local/var/hmicore/resource_cache/ (default)",
-               "HmiCore/IntervalPressAndHold = 800 (default)", "HmiCore/SecondaryDisplayIndex = 1 (default)",
                "HmiCore/PrimaryDisplayResolution = \"\" (default)",
-               "HmiCore/SuggestionsUserWordsLimit = 2000 (default)",
                "HmiCore/WindowState = WindowNoState (0) (default)" }
         << QString();
-
     QTest::newRow("relative path resolves against the ini")
-        << withIni << conf << "[HmiCore]\nThemesPath=themes\n"
+        << withIni << QStringList { ini + "ThemesPath=themes\n" }
         << QStringList { "HmiCore/ThemesPath = @DIR@/conf/themes (file)",
                "HmiCore/LanguagesPath = usr/local/share/hmicore/languages (default)" }
         << QString();
     QTest::newRow("relative --ini path")
-        << QStringList { "config", "--ini", "conf/app.ini" } << conf << "[HmiCore]\nKeyboardsPath=kbd\n"
+        << QStringList { "config", "--ini", "conf/app.ini" } << QStringList { ini + "KeyboardsPath=kbd\n" }
         << QStringList { "HmiCore/KeyboardsPath = @DIR@/conf/kbd (file)" } << QString();
-    QTest::newRow("absolute path kept")
-        << withIni << conf << "[HmiCore]\nThemesPath=/opt/hmi/themes\n"
-        << QStringList { "HmiCore/ThemesPath = /opt/hmi/themes (file)" } << QString();
     QTest::newRow("non-path value not resolved")
-        << withIni << conf << "[HmiCore]\nFontFamilyDefault=fonts\nIntervalPressAndHold=650\n"
-        << QStringList { "HmiCore/FontFamilyDefault = fonts (file)",
-               "HmiCore/IntervalPressAndHold = 650 (file)" }
-        << QString();
+        << withIni << QStringList { ini + "FontFamilyDefault=fonts\n" }
+        << QStringList { "HmiCore/FontFamilyDefault = fonts (file)" } << QString();
     QTest::newRow("other sections ignored")
-        << withIni << conf << "[Other]\nThemesPath=/x\n[HmiCore]\n"
+        << withIni << QStringList { "conf/app.ini|[Other]\nThemesPath=/x\n[HmiCore]\n" }
         << QStringList { "HmiCore/ThemesPath = usr/local/share/hmicore/themes (default)" } << QString();
 
     QTest::newRow("--app renames derived defaults")
-        << QStringList { "config", "--app", "demo" } << QString() << QString()
+        << QStringList { "config", "--app", "demo" } << QStringList {}
         << QStringList { "HmiCore/ThemesPath = usr/local/share/demo/themes (default)",
-               "HmiCore/KeyboardsPath = usr/local/share/demo/keyboards (default)",
                "HmiCore/StringDatabaseName = usr/local/var/demo_strings.db (default)",
                "HmiCore/ResourceCachePath = usr/local/var/demo/resource_cache/ (default)",
                "HmiCore/GnuDatadir = usr/local/share (default)" }
         << QString();
-    QTest::newRow("GnuPrefix moves derived defaults")
-        << withIni << conf << "[HmiCore]\nGnuPrefix=/opt/hmi\n"
-        << QStringList { "HmiCore/GnuPrefix = /opt/hmi (file)", "HmiCore/GnuBindir = /opt/hmi/bin (default)",
-               "HmiCore/GnuLibdir = /opt/hmi/lib (default)", "HmiCore/GnuDatadir = /opt/hmi/share (default)",
-               "HmiCore/ThemesPath = /opt/hmi/share/hmicore/themes (default)",
-               "HmiCore/StringDatabaseName = /opt/hmi/var/hmicore_strings.db (default)" }
-        << QString();
     QTest::newRow("relative GnuPrefix resolves before deriving")
-        << withIni << conf << "[HmiCore]\nGnuPrefix=prefix\n"
+        << withIni << QStringList { ini + "GnuPrefix=prefix\n" }
         << QStringList { "HmiCore/GnuPrefix = @DIR@/conf/prefix (file)",
                "HmiCore/GnuSysconfdir = @DIR@/conf/prefix/etc (default)",
                "HmiCore/SuggestionsPath = @DIR@/conf/prefix/share/hmicore/suggestions (default)" }
         << QString();
     QTest::newRow("datadir and localstatedir move their paths only")
-        << QStringList { "config", "--ini", "@DIR@/conf/app.ini", "--app", "demo" } << conf
-        << "[HmiCore]\nGnuDatadir=/data\nGnuLocalstatedir=/state\nGnuPrefix=/opt\n"
+        << withIni + QStringList { "--app", "demo" }
+        << QStringList { ini + "GnuDatadir=/data\nGnuLocalstatedir=/state\nGnuPrefix=/opt\n" }
         << QStringList { "HmiCore/GnuBindir = /opt/bin (default)",
                "HmiCore/ThemesPath = /data/demo/themes (default)",
                "HmiCore/StringDatabaseName = /state/demo_strings.db (default)",
                "HmiCore/ResourceCachePath = /state/demo/resource_cache/ (default)" }
         << QString();
     QTest::newRow("explicit path beats derived default")
-        << withIni << conf << "[HmiCore]\nGnuPrefix=/opt\nThemesPath=/skins\n"
+        << withIni << QStringList { ini + "GnuPrefix=/opt\nThemesPath=/skins\n" }
         << QStringList { "HmiCore/ThemesPath = /skins (file)",
                "HmiCore/LanguagesPath = /opt/share/hmicore/languages (default)" }
         << QString();
 
-    QTest::newRow("placeholder") << withIni + QStringList { "--placeholder", "Root=/srv" } << conf
-                                 << "[HmiCore]\nThemesPath=%%Root%%/themes\n"
-                                 << QStringList { "HmiCore/ThemesPath = /srv/themes (file)" } << QString();
     QTest::newRow("relative after substitution")
-        << withIni + QStringList { "--placeholder", "Skin=night" } << conf
-        << "[HmiCore]\nThemesPath=%%Skin%%/themes\n"
+        << withIni + QStringList { "--placeholder", "Skin=night" }
+        << QStringList { ini + "ThemesPath=%%Skin%%/themes\n" }
         << QStringList { "HmiCore/ThemesPath = @DIR@/conf/night/themes (file)" } << QString();
     QTest::newRow("value keeps later equals signs")
-        << withIni + QStringList { "--placeholder", "Font=a=b" } << conf
-        << "[HmiCore]\nFontFamilyDefault=%%Font%%\n"
+        << withIni + QStringList { "--placeholder", "Font=a=b" } << QStringList { ini + "FontFamilyDefault=%%Font%%\n" }
         << QStringList { "HmiCore/FontFamilyDefault = a=b (file)" } << QString();
     QTest::newRow("last placeholder wins")
-        << withIni + QStringList { "--placeholder", "Root=/one", "--placeholder", "Root=/two" } << conf
-        << "[HmiCore]\nThemesPath=%%Root%%/themes\n"
+        << withIni + QStringList { "--placeholder", "Root=/one", "--placeholder", "Root=/two" }
+        << QStringList { ini + "ThemesPath=%%Root%%/themes\n" }
         << QStringList { "HmiCore/ThemesPath = /two/themes (file)" } << QString();
     QTest::newRow("two placeholders in one value")
-        << withIni + QStringList { "--placeholder", "A=2", "--placeholder", "B=4" } << conf
-        << "[HmiCore]\nFontFamilyDefault=1%%A%%3%%B%%5\n"
+        << withIni + QStringList { "--placeholder", "A=2", "--placeholder", "B=4" }
+        << QStringList { ini + "FontFamilyDefault=1%%A%%3%%B%%5\n" }
         << QStringList { "HmiCore/FontFamilyDefault = 12345 (file)" } << QString();
     QTest::newRow("unknown placeholder left in place")
-        << withIni + QStringList { "--placeholder", "Root=/srv" } << conf
-        << "[HmiCore]\nThemesPath=/x/%%Missing%%\n"
+        << withIni + QStringList { "--placeholder", "Root=/srv" } << QStringList { ini + "ThemesPath=/x/%%Missing%%\n" }
         << QStringList { "HmiCore/ThemesPath = /x/%%Missing%% (file)" }
         << "WARNING: Found placeholder, Missing, but no corresponding value to replace it.";
 
     QTest::newRow("typed values")
-        << withIni << conf
-        << "[HmiCore]\nAlphaChannelEnabled=true\nPrimaryDisplayResolution=800x480 1280x720\n"
-           "WindowState=WindowFullScreen\nSuggestionsUserWordsLimit=4000\nSecondaryDisplayIndex=3\n"
+        << withIni
+        << QStringList { ini + "AlphaChannelEnabled=true\nPrimaryDisplayResolution=800x480 1280x720\n"
+                               "WindowState=WindowFullScreen\nSuggestionsUserWordsLimit=4000\n" }
         << QStringList { "HmiCore/AlphaChannelEnabled = true (file)",
                "HmiCore/PrimaryDisplayResolution = 800x480 1280x720 (file)",
-               "HmiCore/SecondaryDisplayResolution = \"\" (default)",
                "HmiCore/WindowState = WindowFullScreen (4) (file)",
-               "HmiCore/SuggestionsUserWordsLimit = 4000 (file)", "HmiCore/SecondaryDisplayIndex = 3 (file)" }
+               "HmiCore/SuggestionsUserWordsLimit = 4000 (file)" }
         << QString();
     QTest::newRow("bad resolution ends the list")
-        << withIni << conf << "[HmiCore]\nPrimaryDisplayResolution=800x480 big 1024x768\n"
+        << withIni << QStringList { ini + "PrimaryDisplayResolution=800x480 big 1024x768\n" }
         << QStringList { "HmiCore/PrimaryDisplayResolution = 800x480 (file)" }
         << "Invalid resolution \"big\" listed for HmiCore/PrimaryDisplayResolution";
     QTest::newRow("bad window state")
-        << withIni << conf << "[HmiCore]\nWindowState=fullscreen\n"
+        << withIni << QStringList { ini + "WindowState=fullscreen\n" }
         << QStringList { "HmiCore/WindowState = WindowNoState (0) (file)" }
         << "WARNING: Invalid value for WindowState config. Defaulting to WindowNoState.";
     QTest::newRow("misspelt key")
-        << withIni << conf << "[HmiCore]\nThemePath=/x\n"
+        << withIni << QStringList { ini + "ThemePath=/x\n" }
         << QStringList { "HmiCore/ThemesPath = usr/local/share/hmicore/themes (default)" }
         << "hmicore: @DIR@/conf/app.ini: unknown key HmiCore/ThemePath is ignored";
 
     QTest::newRow("default ini in working directory")
-        << QStringList { "config" } << "hmicore.ini"
-        << "[HmiCore]\nThemesPath=themes\n"
+        << QStringList { "config" } << QStringList { "hmicore.ini|[HmiCore]\nThemesPath=themes\n" }
         << QStringList { "HmiCore/ThemesPath = @DIR@/themes (file)" } << QString();
-    QTest::newRow("default ini follows --app")
-        << QStringList { "config", "--app", "demo" } << "demo.ini"
-        << "[HmiCore]\nThemesPath=/demo\n"
-        << QStringList { "HmiCore/ThemesPath = /demo (file)" } << QString();
-    QTest::newRow("--app skips hmicore.ini")
-        << QStringList { "config", "--app", "demo" } << "hmicore.ini"
-        << "[HmiCore]\nThemesPath=/wrong\n"
-        << QStringList { "HmiCore/ThemesPath = usr/local/share/demo/themes (default)" } << QString();
+    QTest::newRow("default ini follows --app, not hmicore.ini")
+        << QStringList { "config", "--app", "demo" }
+        << QStringList { "demo.ini|[HmiCore]\nThemesPath=/demo\n", "hmicore.ini|[HmiCore]\nKeyboardsPath=/no\n" }
+        << QStringList { "HmiCore/ThemesPath = /demo (file)",
+               "HmiCore/KeyboardsPath = usr/local/share/demo/keyboards (default)" }
+        << QString();
 }
 
 void tst_HmiCoreTool::config()
 {
     QFETCH(QStringList, arguments);
-    QFETCH(QString, iniName);
-    QFETCH(QString, iniText);
+    QFETCH(QStringList, files);
     QFETCH(QStringList, expected);
     QFETCH(QString, expectedError);
 
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    const QString root = directory.path();
-    if (!iniName.isEmpty()) {
-        writeFile(root + QLatin1Char('/') + iniName, iniText);
-    }
-
-    const ToolRun result = run(expand(arguments, root), root);
+    writeFiles(files);
+    const ToolRun result = run(arguments);
     QVERIFY2(result.exitCode == 0, qPrintable(result.err));
-    if (expectedError.isEmpty()) {
-        QCOMPARE(result.err, QString());
-    } else {
-        QVERIFY2(result.err.contains(expand(expectedError, root)), qPrintable(result.err));
-    }
+    checkErrors(result, expectedError);
 
-    const QHash<QString, QString> listing = parseListing(result.out);
-    QCOMPARE(listing.size(), int(HmiCoreConfigs::KeyCount));
-    for (const QString& line : expand(expected, root)) {
+    // Every key once, in the order of the key enumeration.
+    QStringList keys;
+    const QHash<QString, QString> listing = parseListing(result.out, &keys);
+    QStringList allKeys;
+    for (int key = 0; key < HmiCoreConfigs::KeyCount; ++key) {
+        allKeys.append(HmiCoreConfigs::getKeyName(HmiCoreConfigs::Key(key)));
+    }
+    QCOMPARE(keys, allKeys);
+    for (const QString& line : expand(expected, mRoot)) {
         const int equals = line.indexOf(QLatin1String(" = "));
-        const QString key = line.left(equals);
-        QVERIFY2(listing.contains(key), qPrintable(key));
-        QCOMPARE(listing.value(key), line.mid(equals + 3));
+        QCOMPARE(listing.value(line.left(equals)), line.mid(equals + 3));
     }
-}
-
-void tst_HmiCoreTool::rejects_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    // Written to "@DIR@/conf/app.ini" when not empty.
-    QTest::addColumn<QString>("iniText");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("expectedError");
-
-    QTest::newRow("no command") << QStringList {} << QString() << 2 << "hmicore: no command given";
-    QTest::newRow("unknown command") << QStringList { "frobnicate" } << QString() << 2
-                                     << "hmicore: unknown command \"frobnicate\"";
-    QTest::newRow("unknown option") << QStringList { "config", "--bogus" } << QString() << 2 << "bogus";
-    QTest::newRow("option before command")
-        << QStringList { "--ini", "x", "config" } << QString() << 2 << "ini";
-    QTest::newRow("missing option value") << QStringList { "config", "--ini" } << QString() << 2 << "--ini";
-    QTest::newRow("extra argument") << QStringList { "config", "extra" } << QString() << 2
-                                    << "hmicore: unexpected argument \"extra\"";
-    QTest::newRow("empty app name") << QStringList { "config", "--app", "" } << QString() << 2
-                                    << "hmicore: the application name must not be empty";
-    QTest::newRow("placeholder without =") << QStringList { "config", "--placeholder",
-        "Root" } << QString() << 2 << "hmicore: invalid placeholder \"Root\": expected NAME=VALUE";
-    QTest::newRow("placeholder without name") << QStringList { "config", "--placeholder", "=/srv" }
-                                              << QString() << 2 << "hmicore: invalid placeholder name \"\"";
-    QTest::newRow("placeholder name with dash") << QStringList { "config", "--placeholder",
-        "data-root=/srv" } << QString() << 2 << "hmicore: invalid placeholder name \"data-root\"";
-
-    QTest::newRow("missing ini") << QStringList { "config", "--ini", "@DIR@/missing.ini" } << QString() << 1
-                                 << "hmicore: cannot read @DIR@/missing.ini: no such file";
-    QTest::newRow("ini is a directory") << QStringList { "config", "--ini", "@DIR@" } << QString() << 1
-                                        << "hmicore: cannot read @DIR@: not a file";
-    QTest::newRow("malformed ini") << QStringList { "config", "--ini", "@DIR@/conf/app.ini" }
-                                   << "[HmiCore\nThemesPath=/x\n"
-                                   << 1 << "hmicore: cannot read @DIR@/conf/app.ini: not a valid ini file";
-}
-
-void tst_HmiCoreTool::rejects()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, iniText);
-    QFETCH(int, exitCode);
-    QFETCH(QString, expectedError);
-
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    const QString root = directory.path();
-    if (!iniText.isEmpty()) {
-        writeFile(root + QStringLiteral("/conf/app.ini"), iniText);
-    }
-
-    const ToolRun result = run(expand(arguments, root), root);
-    QCOMPARE(result.exitCode, exitCode);
-    // Nothing half-done on stdout that a script could take for a listing.
-    QCOMPARE(result.out, QString());
-    QVERIFY2(result.err.startsWith(QLatin1String("hmicore: ")), qPrintable(result.err));
-    QVERIFY2(result.err.contains(expand(expectedError, root)), qPrintable(result.err));
-    QCOMPARE(result.err.contains(QLatin1String("Usage: hmicore")), exitCode == 2);
-}
-
-void tst_HmiCoreTool::help_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("expectedOutput");
-
-    QTest::newRow("tool help lists commands") << QStringList { "--help" } << "config";
-    QTest::newRow("command help lists options")
-        << QStringList { "config", "--help" } << "--placeholder <NAME=VALUE>";
-    QTest::newRow("command help names the command")
-        << QStringList { "config", "--help" } << "Usage: hmicore config [options]";
-    QTest::newRow("version") << QStringList { "--version" } << "hmicore 1.";
-    QTest::newRow("tool help lists resource") << QStringList { "--help" } << "resource";
-    QTest::newRow("resource help lists subcommands")
-        << QStringList { "resource", "--help" } << "compile FILE.xml -o FILE.dat [--base-path DIR]";
-    QTest::newRow("compile help lists options")
-        << QStringList { "resource", "compile", "--help" } << "--base-path <DIR>";
-    QTest::newRow("dump help names the subcommand")
-        << QStringList { "resource", "dump", "--help" } << "Usage: hmicore resource dump";
-}
-
-void tst_HmiCoreTool::help()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, expectedOutput);
-
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    const ToolRun result = run(arguments, directory.path());
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.err, QString());
-    QVERIFY2(result.out.contains(expectedOutput), qPrintable(result.out));
 }
 
 namespace {
@@ -470,113 +318,195 @@ QByteArray binaryHeader(qint32 aVersion = 7)
 
 } // namespace
 
+void tst_HmiCoreTool::commandLine_data()
+{
+    // "@DIR@" is the temporary directory, "@FIXTURE@" every_kind.xml.
+    QTest::addColumn<QStringList>("arguments");
+    // Written to "@DIR@/input" unless null.
+    QTest::addColumn<QByteArray>("input");
+    QTest::addColumn<int>("exitCode");
+    // Part of stdout with exit code 0, otherwise part of stderr.
+    QTest::addColumn<QString>("expected");
+
+    const QStringList dumpInput { "resource", "dump", "@DIR@/input" };
+    const QStringList compileInput { "resource", "compile", "@DIR@/input", "-o", "@DIR@/out.dat" };
+    const QByteArray none;
+
+    QTest::newRow("tool help") << QStringList { "--help" } << none << 0 << "resource";
+    QTest::newRow("command help") << QStringList { "config", "--help" } << none << 0
+                                  << "--placeholder <NAME=VALUE>";
+    QTest::newRow("resource help") << QStringList { "resource", "--help" } << none << 0
+                                   << "compile FILE.xml -o FILE.dat [--base-path DIR]";
+    QTest::newRow("subcommand help") << QStringList { "resource", "dump", "--help" } << none << 0
+                                     << "Usage: hmicore resource dump";
+
+    QTest::newRow("no command") << QStringList {} << none << 2 << "hmicore: no command given";
+    QTest::newRow("unknown command") << QStringList { "frobnicate" } << none << 2
+                                     << "hmicore: unknown command \"frobnicate\"";
+    QTest::newRow("unknown option") << QStringList { "config", "--bogus" } << none << 2 << "bogus";
+    QTest::newRow("option before command") << QStringList { "--ini", "x", "config" } << none << 2 << "ini";
+    QTest::newRow("missing option value") << QStringList { "config", "--ini" } << none << 2 << "--ini";
+    QTest::newRow("extra argument") << QStringList { "config", "extra" } << none << 2
+                                    << "hmicore: unexpected argument \"extra\"";
+    QTest::newRow("empty app name") << QStringList { "config", "--app", "" } << none << 2
+                                    << "hmicore: the application name must not be empty";
+    QTest::newRow("placeholder without =") << QStringList { "config", "--placeholder", "Root" } << none << 2
+                                           << "hmicore: invalid placeholder \"Root\": expected NAME=VALUE";
+    QTest::newRow("placeholder name with dash") << QStringList { "config", "--placeholder", "data-root=/srv" }
+                                                << none << 2 << "hmicore: invalid placeholder name \"data-root\"";
+    QTest::newRow("missing ini") << QStringList { "theme", "list", "--ini", "@DIR@/missing.ini" } << none << 1
+                                 << "hmicore: cannot read @DIR@/missing.ini: no such file";
+    QTest::newRow("ini is a directory") << QStringList { "config", "--ini", "@DIR@" } << none << 1
+                                        << "hmicore: cannot read @DIR@: not a file";
+    QTest::newRow("malformed ini") << QStringList { "config", "--ini", "@DIR@/input" }
+                                   << QByteArray("[HmiCore\nThemesPath=/x\n") << 1
+                                   << "hmicore: cannot read @DIR@/input: not a valid ini file";
+    QTest::newRow("unknown theme subcommand") << QStringList { "theme", "show" } << none << 2
+                                              << "hmicore: unknown subcommand \"show\"";
+
+    QTest::newRow("no subcommand") << QStringList { "resource" } << none << 2 << "hmicore: no subcommand given";
+    QTest::newRow("dump without file") << QStringList { "resource", "dump" } << none << 2
+                                       << "hmicore: no input file given";
+    QTest::newRow("compile without -o") << QStringList { "resource", "compile", "@FIXTURE@" } << none << 2
+                                        << "hmicore: no output file given (-o FILE)";
+    QTest::newRow("compile with unknown option")
+        << QStringList { "resource", "compile", "@FIXTURE@", "-o", "x", "--hash", "1" } << none << 2 << "hash";
+    QTest::newRow("missing file") << QStringList { "resource", "dump", "@DIR@/missing.xml" } << none << 1
+                                  << "hmicore: cannot load @DIR@/missing.xml: no such file";
+    QTest::newRow("directory") << QStringList { "resource", "dump", "@DIR@" } << none << 1
+                               << "hmicore: cannot load @DIR@: not a file";
+    QTest::newRow("empty file") << dumpInput << QByteArray("") << 1
+                                << "hmicore: cannot load @DIR@/input: empty file";
+    QTest::newRow("other XML") << dumpInput << QByteArray("<?xml version=\"1.0\"?><language><text/></language>")
+                               << 1 << "hmicore: cannot load @DIR@/input: not a resource file";
+    QTest::newRow("broken XML") << dumpInput
+                                << resourceXml("<color><handle>a</handle><value>1,2,3</value>\n</colour>") << 1
+                                << "hmicore: cannot load @DIR@/input: line 4, column 9: ";
+    QTest::newRow("other binary version") << dumpInput << binaryHeader(6) + QByteArray(24, '\0') << 1
+                                          << "binary resource file version 6, this tool reads version 7";
+    QTest::newRow("compile of a binary file") << compileInput << binaryHeader() + QByteArray(24, '\0') << 1
+                                              << "hmicore: cannot load @DIR@/input: already a binary resource file";
+    QTest::newRow("output directory missing")
+        << QStringList { "resource", "compile", "@FIXTURE@", "-o", "@DIR@/none/out.dat" } << none << 1
+        << "hmicore: cannot write @DIR@/none/out.dat: no such directory";
+    QTest::newRow("output is a directory") << QStringList { "resource", "compile", "@FIXTURE@", "-o", "@DIR@" }
+                                           << none << 1 << "hmicore: cannot write @DIR@: is a directory";
+}
+
+void tst_HmiCoreTool::commandLine()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, input);
+    QFETCH(int, exitCode);
+    QFETCH(QString, expected);
+
+    if (!input.isNull()) {
+        writeFile(mRoot + QStringLiteral("/input"), input);
+    }
+    const ToolRun result = run(arguments.replaceInStrings(QStringLiteral("@FIXTURE@"), mEveryKind));
+    QCOMPARE(result.exitCode, exitCode);
+    if (exitCode == 0) {
+        QCOMPARE(result.err, QString());
+        QVERIFY2(result.out.contains(expected), qPrintable(result.out));
+        return;
+    }
+    // Nothing half-done on stdout that a script could take for a listing.
+    QCOMPARE(result.out, QString());
+    // Loading the fixture may log font warnings first; the tool's own message is a line of its own.
+    QVERIFY2(result.err.startsWith(QLatin1String("hmicore: ")) || result.err.contains(QLatin1String("\nhmicore: ")),
+        qPrintable(result.err));
+    checkErrors(result, expected);
+    QCOMPARE(result.err.contains(QLatin1String("Usage: hmicore")), exitCode == 2);
+    QVERIFY(!QFileInfo::exists(mRoot + QStringLiteral("/out.dat")));
+}
+
 void tst_HmiCoreTool::resourceRoundTrip_data()
 {
     // The description itself, or "@" and the path of a file relative to this test's source.
     QTest::addColumn<QByteArray>("xml");
     QTest::addColumn<int>("nodes");
+    // Empty, or the one line in which the dumps of the XML and of the binary file differ.
+    QTest::addColumn<QString>("xmlLine");
+    QTest::addColumn<QString>("binaryLine");
 
-    QTest::newRow("every kind") << QByteArray("@../data/resources/every_kind.xml") << 12;
-    QTest::newRow("showcase") << QByteArray("@../../examples/showcase/data/resources/showcase.xml") << 13;
+    QTest::newRow("every kind") << QByteArray("@../data/resources/every_kind.xml") << 12 << QString() << QString();
     // The build ships this one compiled.
     QTest::newRow("showcase night package")
-        << QByteArray("@../../examples/showcase/data/resources/aurora_night.xml") << 16;
-    QTest::newRow("no nodes") << resourceXml("") << 0;
+        << QByteArray("@../../examples/showcase/data/resources/aurora_night.xml") << 16 << QString() << QString();
+    QTest::newRow("no nodes") << resourceXml("") << 0 << QString() << QString();
     QTest::newRow("file names with URL characters")
         << resourceXml("<image><handle>a</handle><file>icon #2 (100%).png</file></image>"
                        "<rectangle><handle>b</handle><file>a?b=c&amp;d.png</file></rectangle>")
-        << 2;
-    QTest::newRow("invalid rectangle colours stay unset") << resourceXml(
-        "<rectangle><handle>r</handle><value>1,2</value><borderColor>xx,0,0</borderColor>"
-        "<borderWidth>1</borderWidth></rectangle>") << 1;
+        << 2 << QString() << QString();
+    QTest::newRow("invalid rectangle colours stay unset")
+        << resourceXml("<rectangle><handle>r</handle><value>1,2</value><borderColor>xx,0,0</borderColor>"
+                       "<borderWidth>1</borderWidth></rectangle>")
+        << 1 << QString() << QString();
     QTest::newRow("later node of a name replaces the earlier")
         << resourceXml("<color><handle>c</handle><value>1,2,3</value></color>"
                        "<color><handle>c</handle><value>4,5,6</value></color>")
-        << 1;
+        << 1 << QString() << QString();
     QTest::newRow("same name in two kinds")
         << resourceXml("<font><handle>x</handle><family>DejaVu Sans</family><pixelSize>12</pixelSize>"
                        "<strikeOut>true</strikeOut><overline>true</overline></font>"
                        "<shader><handle>x</handle><shaderVertex>a\tb \"c\" \\d</shaderVertex></shader>")
-        << 2;
+        << 2 << QString() << QString();
+
+    QTest::newRow("directory part of an image file")
+        << resourceXml("<image><handle>i</handle><file>sub/dir/arrow.png</file><width>8</width></image>") << 1
+        << "  source: \"sub/dir/arrow.png\"" << "  source: \"arrow.png\"";
+    QTest::newRow("invalid colour") << resourceXml("<color><handle>c</handle><value>zz,00,00</value></color>")
+                                    << 1 << "  color: invalid" << "  color: 00,00,00,ff";
+    QTest::newRow("invalid gradient stop colour")
+        << resourceXml("<rectangle><handle>r</handle><gradientType>linear</gradientType>"
+                       "<gradientStop position=\"0\">10,20,30</gradientStop>"
+                       "<gradientStop position=\"0.5\">20,20</gradientStop></rectangle>")
+        << 1 << "  gradientStop 1: 0.5 invalid" << "  gradientStop 1: 0.5 00,00,00,ff";
+    QTest::newRow("fractional point size")
+        << resourceXml("<font><handle>f</handle><family>DejaVu Sans</family><pointSize>10.5</pointSize>"
+                       "<bold>true</bold></font>")
+        << 1 << "  pointSize: 10.5" << "  pointSize: 10";
 }
 
 void tst_HmiCoreTool::resourceRoundTrip()
 {
     QFETCH(QByteArray, xml);
     QFETCH(int, nodes);
+    QFETCH(QString, xmlLine);
+    QFETCH(QString, binaryLine);
 
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    QString xmlPath;
+    QString xmlPath = mRoot + QStringLiteral("/theme.xml");
     if (xml.startsWith('@')) {
         xmlPath = QFINDTESTDATA(QString::fromUtf8(xml.mid(1)));
         QVERIFY(!xmlPath.isEmpty());
     } else {
-        xmlPath = directory.filePath(QStringLiteral("theme.xml"));
-        writeBytes(xmlPath, xml);
+        writeFile(xmlPath, xml);
     }
-    QStringList fromXml;
-    QStringList fromBinary;
-    compileAndDump(xmlPath, directory.path(), fromXml, fromBinary);
-    if (QTest::currentTestFailed()) {
-        return;
-    }
-    QCOMPARE(fromBinary, fromXml);
-    // Guards against two equally empty listings.
-    const auto isHeader = [](const QString& aLine) { return !aLine.isEmpty() && !aLine.startsWith(' '); };
-    QCOMPARE(int(std::count_if(fromXml.cbegin(), fromXml.cend(), isHeader)), nodes);
-}
+    // Another directory than the XML's: image files must come out relative to each file's own.
+    QVERIFY(QDir().mkpath(mRoot + QStringLiteral("/out")));
+    const ToolRun compiled = run({ "resource", "compile", xmlPath, "-o", "@DIR@/out/theme.dat" });
+    QVERIFY2(compiled.exitCode == 0, qPrintable(compiled.err));
+    QCOMPARE(compiled.out, QString());
+    const ToolRun fromXml = run({ "resource", "dump", xmlPath });
+    QVERIFY2(fromXml.exitCode == 0, qPrintable(fromXml.err));
+    const ToolRun fromBinary = run({ "resource", "dump", "@DIR@/out/theme.dat" });
+    QVERIFY2(fromBinary.exitCode == 0, qPrintable(fromBinary.err));
+    // Reading the binary form logs nothing: no font checks, no parse warnings.
+    QCOMPARE(fromBinary.err, QString());
 
-void tst_HmiCoreTool::resourceBinaryDrops_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    // The one line in which the two dumps differ.
-    QTest::addColumn<QString>("xmlLine");
-    QTest::addColumn<QString>("binaryLine");
-
-    QTest::newRow("directory part of an image file")
-        << resourceXml("<image><handle>i</handle><file>sub/dir/arrow.png</file><width>8</width></image>")
-        << "  source: \"sub/dir/arrow.png\""
-        << "  source: \"arrow.png\"";
-    QTest::newRow("invalid colour") << resourceXml("<color><handle>c</handle><value>zz,00,00</value></color>")
-                                    << "  color: invalid"
-                                    << "  color: 00,00,00,ff";
-    QTest::newRow("invalid gradient stop colour")
-        << resourceXml("<rectangle><handle>r</handle><gradientType>linear</gradientType>"
-                       "<gradientStop position=\"0\">10,20,30</gradientStop>"
-                       "<gradientStop position=\"0.5\">20,20</gradientStop></rectangle>")
-        << "  gradientStop 1: 0.5 invalid"
-        << "  gradientStop 1: 0.5 00,00,00,ff";
-    QTest::newRow("fractional point size") << resourceXml(
-        "<font><handle>f</handle><family>DejaVu Sans</family><pointSize>10.5</pointSize>"
-        "<bold>true</bold></font>") << "  pointSize: 10.5"
-                                           << "  pointSize: 10";
-}
-
-void tst_HmiCoreTool::resourceBinaryDrops()
-{
-    QFETCH(QByteArray, xml);
-    QFETCH(QString, xmlLine);
-    QFETCH(QString, binaryLine);
-
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    const QString xmlPath = directory.filePath(QStringLiteral("theme.xml"));
-    writeBytes(xmlPath, xml);
-    QStringList fromXml;
-    QStringList fromBinary;
-    compileAndDump(xmlPath, directory.path(), fromXml, fromBinary);
-    if (QTest::currentTestFailed()) {
-        return;
-    }
-    QCOMPARE(fromBinary.size(), fromXml.size());
+    const QStringList xmlDump = fromXml.out.split(QLatin1Char('\n'));
+    const QStringList binaryDump = fromBinary.out.split(QLatin1Char('\n'));
+    QCOMPARE(binaryDump.size(), xmlDump.size());
     QStringList differences;
-    for (int index = 0; index < fromXml.size(); ++index) {
-        if (fromXml.at(index) != fromBinary.at(index)) {
-            differences << fromXml.at(index) << fromBinary.at(index);
+    for (int index = 0; index < xmlDump.size(); ++index) {
+        if (xmlDump.at(index) != binaryDump.at(index)) {
+            differences << xmlDump.at(index) << binaryDump.at(index);
         }
     }
-    QCOMPARE(differences, (QStringList { xmlLine, binaryLine }));
+    QCOMPARE(differences, xmlLine.isEmpty() ? QStringList() : (QStringList { xmlLine, binaryLine }));
+    // Guards against two equally empty listings.
+    const auto isHeader = [](const QString& aLine) { return !aLine.isEmpty() && !aLine.startsWith(' '); };
+    QCOMPARE(int(std::count_if(xmlDump.cbegin(), xmlDump.cend(), isHeader)), nodes);
 }
 
 void tst_HmiCoreTool::resourceDump_data()
@@ -584,26 +514,17 @@ void tst_HmiCoreTool::resourceDump_data()
     QTest::addColumn<QString>("node");
     QTest::addColumn<QString>("line");
 
-    QTest::newRow("animation is an image") << "image \"spinner\""
-                                           << "  frameSize: 32x32";
-    QTest::newRow("size tags fill the open sizes") << "image \"iconBack\""
-                                                   << "  implicitSize: 48x48";
-    QTest::newRow("desired size wins") << "image \"spinner\""
-                                       << "  implicitSize: 24x24";
+    QTest::newRow("animation is an image") << "image \"spinner\"" << "  frameSize: 32x32";
+    QTest::newRow("size tags fill the open sizes") << "image \"iconBack\"" << "  implicitSize: 48x48";
+    QTest::newRow("desired size wins") << "image \"spinner\"" << "  implicitSize: 24x24";
     QTest::newRow("only false is a boolean") << "defaults \"buttonDefaults\""
                                              << "  property \"enabled\" = false (bool)";
     QTest::newRow("true stays text") << "defaults \"buttonDefaults\""
                                      << "  property \"visible\" = \"true\" (QString)";
-    QTest::newRow("stops keep file order") << "rectangle \"panel\""
-                                           << "  gradientStop 1: 0.6 1e,22,28,ff";
+    QTest::newRow("stops keep file order") << "rectangle \"panel\"" << "  gradientStop 1: 0.6 1e,22,28,ff";
     QTest::newRow("inline shader source on one line")
-        << "shader \"dim\""
-        << "  shaderFragment: \"varying highp vec2 qt_TexCoord0;\\nuniform sampler2D source;"
-           "\\nuniform lowp float qt_Opacity;\\nvoid main() {\\n    lowp vec4 c = "
-           "texture2D(source, qt_TexCoord0);\\n    gl_FragColor = vec4(c.rgb * 0.5, c.a) "
-           "* qt_Opacity;\\n}\"";
-    QTest::newRow("shader file flag") << "shader \"wave\""
-                                      << "  shaderVertexFile: true";
+        << "shader \"dim\"" << "  shaderFragment: \"varying highp vec2 qt_TexCoord0;\\nuniform sampler2D source;";
+    QTest::newRow("shader file flag") << "shader \"wave\"" << "  shaderVertexFile: true";
 }
 
 void tst_HmiCoreTool::resourceDump()
@@ -611,7 +532,7 @@ void tst_HmiCoreTool::resourceDump()
     QFETCH(QString, node);
     QFETCH(QString, line);
 
-    const ToolRun result = run({ "resource", "dump", mEveryKind }, QDir::tempPath());
+    const ToolRun result = run({ "resource", "dump", mEveryKind });
     QVERIFY2(result.exitCode == 0, qPrintable(result.err));
     const QStringList lines = result.out.split(QLatin1Char('\n'));
 
@@ -631,11 +552,10 @@ void tst_HmiCoreTool::resourceDump()
     const int start = lines.indexOf(node);
     QVERIFY(start >= 0);
     int end = lines.indexOf(QString(), start);
-    if (end < 0) {
-        end = lines.size();
-    }
-    QVERIFY2(
-        lines.mid(start, end - start).contains(line), qPrintable(lines.mid(start, end - start).join('\n')));
+    const QStringList block = lines.mid(start, end < 0 ? -1 : end - start);
+    // A line of the node's block starts with the expected text (a one-line shader source ends later).
+    QVERIFY2(std::any_of(block.cbegin(), block.cend(), [&](const QString& aLine) { return aLine.startsWith(line); }),
+        qPrintable(block.join('\n')));
 }
 
 void tst_HmiCoreTool::resourceTruncatedBinary_data()
@@ -644,10 +564,8 @@ void tst_HmiCoreTool::resourceTruncatedBinary_data()
     QTest::addColumn<int>("keep");
 
     QTest::newRow("inside the version") << 6;
-    QTest::newRow("inside the hash length") << 10;
     QTest::newRow("after the header") << 12;
     QTest::newRow("inside the first record") << 20;
-    QTest::newRow("half") << 0;
     QTest::newRow("all but the last byte") << -1;
 }
 
@@ -655,120 +573,30 @@ void tst_HmiCoreTool::resourceTruncatedBinary()
 {
     QFETCH(int, keep);
 
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    const QString binary = directory.filePath(QStringLiteral("theme.dat"));
-    const ToolRun compiled = run({ "resource", "compile", mEveryKind, "-o", binary }, directory.path());
+    const QString binary = mRoot + QStringLiteral("/theme.dat");
+    const ToolRun compiled = run({ "resource", "compile", mEveryKind, "-o", binary });
     QVERIFY2(compiled.exitCode == 0, qPrintable(compiled.err));
-
     QFile file(binary);
     QVERIFY(file.open(QIODevice::ReadWrite));
-    const qint64 size = file.size();
-    QVERIFY(file.resize(keep > 0 ? keep : keep < 0 ? size + keep : size / 2));
+    QVERIFY(file.resize(keep > 0 ? keep : file.size() + keep));
     file.close();
 
-    const ToolRun result = run({ "resource", "dump", binary }, directory.path());
+    const ToolRun result = run({ "resource", "dump", binary });
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(result.out, QString());
-    QCOMPARE(
-        result.err, QStringLiteral("hmicore: cannot load %1: damaged binary resource file\n").arg(binary));
-}
-
-void tst_HmiCoreTool::resourceRejects_data()
-{
-    // "@DIR@" is the temporary directory, "@FIXTURE@" every_kind.xml.
-    QTest::addColumn<QStringList>("arguments");
-    // Written to "@DIR@/input" unless null.
-    QTest::addColumn<QByteArray>("input");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("expectedError");
-
-    const QStringList dumpInput { "resource", "dump", "@DIR@/input" };
-    const QStringList compileInput { "resource", "compile", "@DIR@/input", "-o", "@DIR@/out.dat" };
-
-    QTest::newRow("no subcommand") << QStringList { "resource" } << QByteArray() << 2
-                                   << "hmicore: no subcommand given";
-    QTest::newRow("unknown subcommand") << QStringList { "resource", "build" } << QByteArray() << 2
-                                        << "hmicore: unknown subcommand \"build\"";
-    QTest::newRow("dump without file")
-        << QStringList { "resource", "dump" } << QByteArray() << 2 << "hmicore: no input file given";
-    QTest::newRow("dump of two files") << QStringList { "resource", "dump", "a.xml", "b.xml" } << QByteArray()
-                                       << 2 << "hmicore: unexpected argument \"b.xml\"";
-    QTest::newRow("compile without -o") << QStringList { "resource", "compile", "@FIXTURE@" } << QByteArray()
-                                        << 2 << "hmicore: no output file given (-o FILE)";
-    QTest::newRow("compile without input") << QStringList { "resource", "compile", "-o", "@DIR@/out.dat" }
-                                           << QByteArray() << 2 << "hmicore: no input file given";
-    QTest::newRow("compile with unknown option") << QStringList { "resource", "compile", "@FIXTURE@", "-o",
-        "x", "--hash", "1" } << QByteArray() << 2 << "hash";
-
-    QTest::newRow("missing file") << QStringList { "resource", "dump", "@DIR@/missing.xml" } << QByteArray()
-                                  << 1 << "hmicore: cannot load @DIR@/missing.xml: no such file";
-    QTest::newRow("directory") << QStringList { "resource", "dump", "@DIR@" } << QByteArray() << 1
-                               << "hmicore: cannot load @DIR@: not a file";
-    QTest::newRow("empty file") << dumpInput << QByteArray("") << 1
-                                << "hmicore: cannot load @DIR@/input: empty file";
-    QTest::newRow("text file") << dumpInput << QByteArray("[HmiCore]\nThemesPath=x\n") << 1
-                               << "hmicore: cannot load @DIR@/input: not a resource file";
-    QTest::newRow("other XML") << dumpInput
-                               << QByteArray("<?xml version=\"1.0\"?><language><text/></language>") << 1
-                               << "hmicore: cannot load @DIR@/input: not a resource file";
-    QTest::newRow("magic cut short") << dumpInput << QByteArray("\x24\x77", 2) << 1
-                                     << "hmicore: cannot load @DIR@/input: not a resource file";
-    QTest::newRow("broken XML") << dumpInput
-                                << resourceXml("<color><handle>a</handle><value>1,2,3</value>\n</colour>")
-                                << 1 << "hmicore: cannot load @DIR@/input: line 4, column 9: ";
-    QTest::newRow("other binary version")
-        << dumpInput << binaryHeader(6) + QByteArray(24, '\0') << 1
-        << "hmicore: cannot load @DIR@/input: binary resource file version 6, "
-           "this tool reads version 7";
-    QTest::newRow("compile of a binary file")
-        << compileInput << binaryHeader() + QByteArray(24, '\0') << 1
-        << "hmicore: cannot load @DIR@/input: already a binary resource file";
-    QTest::newRow("compile of broken XML")
-        << compileInput << resourceXml("<color>") << 1 << "hmicore: cannot load @DIR@/input: line ";
-    QTest::newRow("output directory missing")
-        << QStringList { "resource", "compile", "@FIXTURE@", "-o", "@DIR@/none/out.dat" } << QByteArray() << 1
-        << "hmicore: cannot write @DIR@/none/out.dat: no such directory";
-    QTest::newRow("output is a directory") << QStringList { "resource", "compile", "@FIXTURE@", "-o",
-        "@DIR@" } << QByteArray() << 1 << "hmicore: cannot write @DIR@: is a directory";
-}
-
-void tst_HmiCoreTool::resourceRejects()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QByteArray, input);
-    QFETCH(int, exitCode);
-    QFETCH(QString, expectedError);
-
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    const QString root = directory.path();
-    if (!input.isNull()) {
-        writeBytes(root + QStringLiteral("/input"), input);
-    }
-    arguments.replaceInStrings(QStringLiteral("@FIXTURE@"), mEveryKind);
-
-    const ToolRun result = run(expand(arguments, root), root);
-    QCOMPARE(result.exitCode, exitCode);
-    QCOMPARE(result.out, QString());
-    // Loading the fixture may log font warnings first; the tool's own message is a line of its own.
-    QVERIFY2(result.err.contains(expand(expectedError, root)), qPrintable(result.err));
-    QCOMPARE(result.err.contains(QLatin1String("Usage: hmicore resource")), exitCode == 2);
-    QVERIFY(!QFileInfo::exists(root + QStringLiteral("/out.dat")));
+    QCOMPARE(result.err, QStringLiteral("hmicore: cannot load %1: damaged binary resource file\n").arg(binary));
 }
 
 void tst_HmiCoreTool::languageCompileAndDump()
 {
     const QString fixture = QFINDTESTDATA("../data/language/en_US.glx");
     QVERIFY(!fixture.isEmpty());
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    const QString binary = directory.filePath(QStringLiteral("en_US.glx.dat"));
-    const ToolRun compiled = run({ "language", "compile", fixture, "-o", binary }, directory.path());
+    const QString binary = mRoot + QStringLiteral("/en_US.glx.dat");
+    const ToolRun compiled = run({ "language", "compile", fixture, "-o", binary });
     QVERIFY2(compiled.exitCode == 0, qPrintable(compiled.err));
 
-    const ToolRun fromXml = run({ "language", "dump", fixture }, directory.path());
-    const ToolRun fromBinary = run({ "language", "dump", binary }, directory.path());
+    const ToolRun fromXml = run({ "language", "dump", fixture });
+    const ToolRun fromBinary = run({ "language", "dump", binary });
     QVERIFY2(fromXml.exitCode == 0 && fromXml.err.isEmpty(), qPrintable(fromXml.err));
     QVERIFY2(fromBinary.exitCode == 0 && fromBinary.err.isEmpty(), qPrintable(fromBinary.err));
     QCOMPARE(fromBinary.out, fromXml.out);
@@ -781,7 +609,7 @@ void tst_HmiCoreTool::languageCompileAndDump()
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.resize(file.size() - 1));
     file.close();
-    const ToolRun damaged = run({ "language", "dump", binary }, directory.path());
+    const ToolRun damaged = run({ "language", "dump", binary });
     QCOMPARE(damaged.exitCode, 1);
     QCOMPARE(damaged.out, QString());
     QCOMPARE(damaged.err, QStringLiteral("hmicore: cannot load %1: unable to read text nodes\n").arg(binary));
@@ -849,11 +677,6 @@ void tst_HmiCoreTool::themeList_data()
     QTest::newRow("no themes directory")
         << list << QStringList { ini } << 1 << QString()
         << "hmicore: no themes found in @DIR@/conf/../themes: no such directory";
-    QTest::newRow("unreadable ini") << QStringList { "theme", "list", "--ini", "@DIR@/missing.ini" }
-                                    << QStringList {} << 1 << QString()
-                                    << "hmicore: cannot read @DIR@/missing.ini: no such file";
-    QTest::newRow("unknown subcommand") << QStringList { "theme", "show" } << QStringList {} << 2 << QString()
-                                        << "hmicore: unknown subcommand \"show\"";
 }
 
 void tst_HmiCoreTool::themeList()
@@ -864,22 +687,11 @@ void tst_HmiCoreTool::themeList()
     QFETCH(QString, expectedOutput);
     QFETCH(QString, expectedError);
 
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    const QString root = directory.path();
-    for (const QString& file : qAsConst(files)) {
-        const int separator = file.indexOf(QLatin1Char('|'));
-        writeFile(root + QLatin1Char('/') + file.left(separator), file.mid(separator + 1));
-    }
-
-    const ToolRun result = run(expand(arguments, root), root);
+    writeFiles(files);
+    const ToolRun result = run(arguments);
     QCOMPARE(result.exitCode, exitCode);
-    QCOMPARE(result.out, expand(expectedOutput, root));
-    if (expectedError.isEmpty()) {
-        QCOMPARE(result.err, QString());
-    } else {
-        QVERIFY2(result.err.contains(expand(expectedError, root)), qPrintable(result.err));
-    }
+    QCOMPARE(result.out, expand(expectedOutput, mRoot));
+    checkErrors(result, expectedError);
 }
 
 void tst_HmiCoreTool::pack(const QString& aPackage, const QStringList& aEntries) const
@@ -891,8 +703,9 @@ void tst_HmiCoreTool::pack(const QString& aPackage, const QStringList& aEntries)
                    .arg(entry.left(equals), entry.mid(equals + 1));
     }
     qrc += QStringLiteral("</qresource></RCC>\n");
-    const QString qrcPath = aPackage + QStringLiteral(".qrc");
-    writeFile(qrcPath, qrc);
+    // Next to the sources, which the entries name relative to it.
+    const QString qrcPath = mRoot + QStringLiteral("/sources/package.qrc");
+    writeFile(qrcPath, qrc.toUtf8());
 
     QProcess process;
 #ifdef HMICORE_RCC_PATH
@@ -950,21 +763,16 @@ void tst_HmiCoreTool::resourceDumpPackage()
     QSKIP("This build does not say where rcc is");
 #endif
 
-    QTemporaryDir directory;
-    QVERIFY(directory.isValid());
-    const QString root = directory.path();
-    const QString sources = root + QStringLiteral("/sources/");
+    const QString sources = mRoot + QStringLiteral("/sources/");
     // A file name with URL characters: inside a package it must still print as written.
     writeFile(sources + QStringLiteral("a.xml"),
-        QString::fromUtf8(
-            resourceXml("<color><handle>c</handle><value>1,2,3</value></color>"
-                        "<image><handle>i</handle><file>icon #1 (100%).png</file><width>4</width></image>"
-                        "<rectangle><handle>r</handle><file>icon.png</file></rectangle>")));
-    writeFile(sources + QStringLiteral("b.xml"),
-        QString::fromUtf8(resourceXml("<color><handle>c</handle><value>4,5,6</value></color>")));
-    writeFile(sources + QStringLiteral("broken.xml"), QString::fromUtf8(resourceXml("<color>")));
-    writeBytes(sources + QStringLiteral("icon.png"), QByteArray("not really an image"));
-    const ToolRun compiled = run({ "resource", "compile", sources + "a.xml", "-o", sources + "a.dat" }, root);
+        resourceXml("<color><handle>c</handle><value>1,2,3</value></color>"
+                    "<image><handle>i</handle><file>icon #1 (100%).png</file><width>4</width></image>"
+                    "<rectangle><handle>r</handle><file>icon.png</file></rectangle>"));
+    writeFile(sources + QStringLiteral("b.xml"), resourceXml("<color><handle>c</handle><value>4,5,6</value></color>"));
+    writeFile(sources + QStringLiteral("broken.xml"), resourceXml("<color>"));
+    writeFile(sources + QStringLiteral("icon.png"), QByteArray("not really an image"));
+    const ToolRun compiled = run({ "resource", "compile", sources + "a.xml", "-o", sources + "a.dat" });
     QVERIFY2(compiled.exitCode == 0, qPrintable(compiled.err));
     {
         QFile file(sources + QStringLiteral("a.dat"));
@@ -976,33 +784,28 @@ void tst_HmiCoreTool::resourceDumpPackage()
         stream.setByteOrder(QDataStream::LittleEndian);
         stream << quint32(20);
         cache += QByteArray(20, '\x5a') + prebuilt.mid(12);
-        writeBytes(sources + QStringLiteral("a.cache"), cache);
+        writeFile(sources + QStringLiteral("a.cache"), cache);
     }
 
-    const QString packagePath = root + QLatin1Char('/') + package;
+    const QString packagePath = mRoot + QLatin1Char('/') + package;
     if (entries.isEmpty()) {
-        writeBytes(packagePath, QByteArray("qres") + QByteArray(64, '\x01'));
+        writeFile(packagePath, QByteArray("qres") + QByteArray(64, '\x01'));
     } else {
-        QStringList absolute;
-        for (const QString& entry : qAsConst(entries)) {
-            absolute.append(entry.section(QLatin1Char('='), 0, 0) + QLatin1Char('=') + sources
-                + entry.section(QLatin1Char('='), 1));
-        }
-        pack(packagePath, absolute);
+        pack(packagePath, entries);
         if (QTest::currentTestFailed()) {
             return;
         }
     }
 
-    const ToolRun result = run({ "resource", "dump", packagePath }, root);
+    const ToolRun result = run({ "resource", "dump", packagePath });
     QCOMPARE(result.exitCode, exitCode);
     if (exitCode != 0) {
         QCOMPARE(result.out, QString());
-        QVERIFY2(result.err.contains(expand(expected, root)), qPrintable(result.err));
+        checkErrors(result, expected);
         return;
     }
     QCOMPARE(result.err, QString());
-    const ToolRun reference = run({ "resource", "dump", sources + expected }, root);
+    const ToolRun reference = run({ "resource", "dump", sources + expected });
     QVERIFY2(reference.exitCode == 0, qPrintable(reference.err));
     QCOMPARE(result.out, reference.out);
 }
