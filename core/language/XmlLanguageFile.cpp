@@ -57,6 +57,13 @@ QSharedPointer<XmlLanguageFile> XmlLanguageFile::load(
         }
         return {};
     }
+    // Text mode drops every 0x0D byte, harmless in an 8-bit encoding, where XML normalises line
+    // ends anyway, but in UTF-16 it also hits code units such as U+010D or U+0D0A. Such a file is
+    // read as it is, and the reader decodes it from its byte-order mark.
+    const QByteArray start = device.peek(2);
+    if (start == "\xFF\xFE" || start == "\xFE\xFF") {
+        device.setTextModeEnabled(false);
+    }
     auto file = QSharedPointer<XmlLanguageFile>::create(aPath, aCatalogOnly);
     // A broken document is logged by the loader; the texts before the fault are still worth
     // showing rather than none.
@@ -108,9 +115,21 @@ void XmlLanguageFile::onTagSection(const QXmlStreamReader& aReader)
         return;
     }
     const QStringRef name = attributes.value(QLatin1String("name"));
-    if (name != QLatin1String("default")) {
-        mPrefix += name + QLatin1Char('_');
+    if (name == QLatin1String("default") || mPrefixTooLong) {
+        return;
     }
+    // Every key is a copy of the prefix, so a long one costs its length once per entry: a
+    // 100 KB section name over a few thousand entries took most of a gigabyte.
+    if (mPrefix.size() + name.size() + 1 > sMaxPrefixLength) {
+        mPrefixTooLong = true;
+        const QString shown
+            = name.size() > 64 ? QString(name.left(64) + QStringLiteral("...")) : name.toString();
+        qWarning("WARNING: Skipping the texts of section \"%s\": their keys would start with more than %d "
+                 "characters.",
+            qUtf8Printable(shown), sMaxPrefixLength);
+        return;
+    }
+    mPrefix += name + QLatin1Char('_');
 }
 
 void XmlLanguageFile::onEndTagSection(const QString&)
@@ -118,10 +137,16 @@ void XmlLanguageFile::onEndTagSection(const QString&)
     // Not the enclosing section's prefix: sections do not nest, and existing files rely on
     // leaving any section giving plain "STR_" keys.
     mPrefix = sKeyPrefix;
+    mPrefixTooLong = false;
 }
 
 void XmlLanguageFile::onTagEntry(const QXmlStreamReader& aReader)
 {
+    if (mPrefixTooLong) {
+        // Its strings must not land in the previous entry's node either.
+        mCurrentNode.reset();
+        return;
+    }
     const QXmlStreamAttributes attributes = aReader.attributes();
     if (!attributes.hasAttribute(QLatin1String("handle"))) {
         // Nothing to name a node by; what follows still goes to the previous entry's node.

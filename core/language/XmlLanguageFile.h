@@ -38,6 +38,10 @@ public:
     static const QString TAG_PRONUNCIATION;
     static const QString TAG_USAGE;
 
+    /// Longest key prefix ("STR_" and the section names) that a section may build; the texts of
+    /// a section beyond it are skipped with a warning.
+    static constexpr int sMaxPrefixLength = 256;
+
     XmlLanguageFile(const QString& aPath, bool aCatalogOnly);
     ~XmlLanguageFile() override;
 
@@ -74,6 +78,7 @@ private:
     QSharedPointer<NodeText> mCurrentNode;
     bool mDefaultString = false;
     QString mPrefix;
+    bool mPrefixTooLong = false;
 };
 
 } // namespace Hmi::Core

@@ -1,6 +1,7 @@
 #include "language/NodeText.h"
 #include "language/XmlLanguageFile.h"
 
+#include "common/Encoding.h"
 #include "common/MessageLog.h"
 
 #include <QTemporaryDir>
@@ -175,6 +176,93 @@ private slots:
             QCOMPARE(actual, expected);
             QCOMPARE(file->getIsFullyLoaded(), !catalogOnly);
             QCOMPARE(file->hasNode(QStringLiteral("STR_A")), !catalogOnly);
+        }
+    }
+
+    void encodings_data()
+    {
+        QTest::addColumn<QByteArray>("encoding");
+
+        for (const char* encoding : { "UTF-8", "UTF-8 BOM", "UTF-16LE", "UTF-16BE" }) {
+            QTest::newRow(encoding) << QByteArray(encoding);
+        }
+    }
+
+    void encodings()
+    {
+        QFETCH(QByteArray, encoding);
+
+        // U+010D, U+0D0A and U+4E0D each hold a 0x0D byte in UTF-16, which text mode would drop.
+        const QString text = QStringLiteral("\u010D\u0D0A\u4E0D\u0D0D");
+        const QString xml
+            = QStringLiteral("<?xml version=\"1.0\" encoding=\"%1\"?>\r\n"
+                             "<catalog display_name=\"%2\"><strings>\r\n"
+                             "<entry handle=\"%2\"><string default=\"true\"><visual>%2</visual>"
+                             "</string></entry>\r\n<entry handle=\"B\"/></strings></catalog>\r\n")
+                  .arg(QLatin1String(encoding.startsWith("UTF-8") ? "UTF-8" : "UTF-16"), text);
+        MessageLog warnings;
+        const auto file = load(encode(xml, encoding));
+        QVERIFY(file);
+        QCOMPARE(warnings.getCount(), 0);
+        QCOMPARE(file->getDisplayName(), text);
+        QCOMPARE(file->getNodes().keys().size(), 2);
+        const auto node = file->getNode(QStringLiteral("STR_") + text);
+        QVERIFY(node);
+        QCOMPARE(node->getText(), text);
+        QVERIFY(file->hasNode(QStringLiteral("STR_B")));
+    }
+
+    void longSectionName_data()
+    {
+        QTest::addColumn<QByteArray>("strings");
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<QByteArray>("warning");
+
+        const QByteArray longest(XmlLanguageFile::sMaxPrefixLength - 5, 'L');
+        const QByteArray tooLong = longest + 'L';
+        const auto section = [](const QByteArray& aName, const QByteArray& aBody) {
+            return "<section name=\"" + aName + "\">" + aBody + "</section>";
+        };
+        const auto skipped = [](const QByteArray& aShownName) {
+            return "WARNING: Skipping the texts of section \"" + aShownName
+                + "\": their keys would start with more than 256 characters.";
+        };
+        QByteArray nested = "<entry handle=\"X\"/>";
+        for (int i = 0; i < 26; ++i) {
+            nested = section("NESTED___", nested);
+        }
+        // clang-format off
+        QTest::newRow("longest name") << section(longest, "<entry handle=\"X\"/>")
+                                      << QStringList { "STR_" + longest + "_X" } << QByteArray();
+        QTest::newRow("one character more")
+            << section(tooLong, "<entry handle=\"X\"/><entry handle=\"Y\"/>") + "<entry handle=\"Z\"/>"
+            << QStringList { "STR_Z" } << skipped(QByteArray(64, 'L') + "...");
+        QTest::newRow("nested beyond the limit") << nested << QStringList {} << skipped("NESTED___");
+        QTest::newRow("texts of a skipped entry do not reach the one before")
+            << "<entry handle=\"A\"/>" + section(tooLong, "<entry handle=\"X\"><string default=\"true\">"
+                                                      "<visual>lost</visual></string></entry>")
+            << QStringList { "STR_A" } << skipped(QByteArray(64, 'L') + "...");
+        // clang-format on
+    }
+
+    void longSectionName()
+    {
+        QFETCH(QByteArray, strings);
+        QFETCH(QStringList, keys);
+        QFETCH(QByteArray, warning);
+
+        if (!warning.isEmpty()) {
+            QTest::ignoreMessage(QtWarningMsg, warning.constData());
+        }
+        MessageLog warnings;
+        const auto file = load(document(strings));
+        QVERIFY(file);
+        QCOMPARE(warnings.getCount(), warning.isEmpty() ? 0 : 1);
+        QStringList actual = file->getNodes().keys();
+        actual.sort();
+        QCOMPARE(actual, keys);
+        if (file->hasNode(QStringLiteral("STR_A"))) {
+            QVERIFY(file->getNode(QStringLiteral("STR_A"))->getText().isNull());
         }
     }
 
