@@ -53,12 +53,16 @@ bool XmlLoader::parseCompressed(const QByteArray& aData)
         const quint32 length = qFromBigEndian<quint32>(data + offset);
         const quint32 expanded = qFromBigEndian<quint32>(data + offset + 4);
         const qsizetype available = size - offset - 4;
-        if (length > quint32(available - 4) || expanded > sMaxChunkSize) {
+        // qUncompress() allocates whatever size the chunk claims before it inflates a byte, so a
+        // claim is held against what the zlib data can expand to at most.
+        const quint64 possible = quint64(length) * sMaxZlibRatio;
+        if (length > quint32(available - 4) || expanded > sMaxChunkSize || expanded > possible) {
             qWarning("ERROR: Decompressing chunk of compressed xml failed!");
             success = false;
             break;
         }
-        const QByteArray chunk = qUncompress(reinterpret_cast<const uchar*>(data + offset + 4), int(length) + 4);
+        const QByteArray chunk
+            = qUncompress(reinterpret_cast<const uchar*>(data + offset + 4), int(length) + 4);
         if (chunk.isEmpty()) {
             qWarning("ERROR: Decompressing chunk of compressed xml failed!");
             success = false;

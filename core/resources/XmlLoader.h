@@ -51,6 +51,9 @@ public:
 
     /// Upper bound on one chunk's uncompressed size; a larger size header is refused unread.
     static constexpr quint32 sMaxChunkSize = 64 * 1024 * 1024;
+    /// Deflate's best case is 258 bytes from 2 bits, about 1032:1; a chunk claiming more than its
+    /// zlib data times this is refused unread as well.
+    static constexpr quint32 sMaxZlibRatio = 1032;
 
 protected:
     const QXmlStreamReader& getReader() const { return mReader; }

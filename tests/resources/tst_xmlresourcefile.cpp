@@ -194,6 +194,10 @@ private slots:
         QByteArray huge = second;
         qToBigEndian<quint32>(0x7FFFFF00, huge.data() + 4);
         QTest::newRow("uncompressed size of 2 GB") << true << first + huge << QByteArrayList { failed };
+        // Refused before qUncompress() reserves the claimed size, so it has nothing to report.
+        QByteArray claim = second;
+        qToBigEndian<quint32>(quint32(claim.size() - 8) * XmlLoader::sMaxZlibRatio + 1, claim.data() + 4);
+        QTest::newRow("more than zlib can expand to") << true << first + claim << QByteArrayList { failed };
         QByteArray beyond = second;
         qToBigEndian<quint32>(quint32(second.size()), beyond.data());
         QTest::newRow("length beyond the data") << true << first + beyond << QByteArrayList { failed };
