@@ -9,14 +9,37 @@
 namespace Hmi::Core {
 
 ConfigManager::ConfigManager(QQmlEngine* /*aEngine*/, QJSEngine* /*aScriptEngine*/)
+{ }
+
+namespace {
+
+// QSettings splits an unquoted value at its commas and trims the parts, so "/opt/a, b" and
+// "/opt/a,b" come back as the same list and the path as written cannot be recovered. Rather
+// than guess, such a path counts as not set, and the user is told how to quote it.
+bool isUnusablePath(const ConfigRecord& aRecord)
 {
+    return aRecord.isPath && aRecord.value.userType() == QMetaType::QStringList;
 }
+
+void warnUnusablePath(const QString& aKey)
+{
+    qWarning("WARNING: The path in %s has an unquoted comma, which makes it a list; using the "
+             "default instead. Put the value in double quotes to keep the comma.",
+        qUtf8Printable(aKey));
+}
+
+} // namespace
 
 void ConfigManager::setDefault(const QString& aKey, const QVariant& aDefaultValue, bool aIsPath)
 {
     ConfigRecord& record = mConfigs[aKey];
+    const bool wasUnusable = isUnusablePath(record);
     record.isPath = aIsPath;
     record.defaultValue = aDefaultValue;
+    // A file read before the key was known as a path has not been warned about yet.
+    if (!wasUnusable && isUnusablePath(record)) {
+        warnUnusablePath(aKey);
+    }
 }
 
 bool ConfigManager::addConfig(const QString& aPath)
@@ -54,6 +77,9 @@ bool ConfigManager::addConfig(const QString& aPath)
             }
         }
         record.value = value;
+        if (isUnusablePath(record)) {
+            warnUnusablePath(key);
+        }
     }
     return true;
 }
@@ -71,7 +97,7 @@ QVariant ConfigManager::getConfig(const QString& aKey, bool aResolvePath) const
     if (it == mConfigs.cend()) {
         return {};
     }
-    if (it->value.isValid()) {
+    if (it->value.isValid() && !isUnusablePath(*it)) {
         return resolved(*it, aResolvePath);
     }
     return it->defaultValue;
@@ -80,7 +106,7 @@ QVariant ConfigManager::getConfig(const QString& aKey, bool aResolvePath) const
 QVariant ConfigManager::getConfigValue(const QString& aKey, bool aResolvePath) const
 {
     const auto it = mConfigs.constFind(aKey);
-    if (it == mConfigs.cend() || !it->value.isValid()) {
+    if (it == mConfigs.cend() || !it->value.isValid() || isUnusablePath(*it)) {
         return {};
     }
     return resolved(*it, aResolvePath);

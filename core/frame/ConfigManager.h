@@ -31,7 +31,9 @@ public:
     void setPlaceholders(const QHash<QString, QString>& aPlaceholders);
 
     /// The file's value when one was read (resolved against the file's directory when asked),
-    /// else the default; an invalid variant for an unknown key.
+    /// else the default; an invalid variant for an unknown key. A path that the ini file gave
+    /// with an unquoted comma comes back from QSettings as a list; it counts as not set, with a
+    /// warning when it is read.
     QVariant getConfig(const QString& aKey, bool aResolvePath = true) const;
     /// As getConfig(), but without falling back to the default.
     QVariant getConfigValue(const QString& aKey, bool aResolvePath = true) const;

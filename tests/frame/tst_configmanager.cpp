@@ -135,6 +135,67 @@ private slots:
         QCOMPARE(config.getConfig(QStringLiteral("Test/AbsolutePath")), QVariant(QStringLiteral("/abs/dir")));
     }
 
+    void valueWithComma_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<bool>("isPath");
+        // The default is installed after the file was read, as HmiCoreConfigs does at start-up.
+        QTest::addColumn<bool>("defaultAfterFile");
+        QTest::addColumn<QVariant>("expected");
+
+        const QVariant fallback(QStringLiteral("/default/path"));
+        // clang-format off
+        QTest::newRow("path") << QByteArray("/opt/hmi/a,b") << true << false << fallback;
+        QTest::newRow("path, default installed later") << QByteArray("/opt/hmi/a,b") << true << true << fallback;
+        // Read back as the same list as the row before: the path as written is lost.
+        QTest::newRow("path, blank after comma") << QByteArray("/opt/hmi/a, b") << true << false << fallback;
+        QTest::newRow("quoted path kept")
+            << QByteArray("\"/opt/hmi/a,b\"") << true << false << QVariant(QStringLiteral("/opt/hmi/a,b"));
+        QTest::newRow("no path stays a list")
+            << QByteArray("a, b") << false << false << QVariant(QStringList { "a", "b" });
+        // clang-format on
+    }
+
+    void valueWithComma()
+    {
+        QFETCH(QByteArray, line);
+        QFETCH(bool, isPath);
+        QFETCH(bool, defaultAfterFile);
+        QFETCH(QVariant, expected);
+
+        ConfigManager& config = ConfigManager::getInstance();
+        const QString key = QStringLiteral("Comma/") + QString::number(mCommaKeys++);
+        const QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("comma.ini"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[Comma]\n" + key.mid(6).toLatin1() + '=' + line + '\n');
+        file.close();
+
+        const bool warns = expected.toString() == QLatin1String("/default/path");
+        if (warns) {
+            QTest::ignoreMessage(QtWarningMsg,
+                qPrintable(
+                    QStringLiteral("WARNING: The path in %1 has an unquoted comma, which makes it a list; "
+                                   "using the default instead. Put the value in double quotes to keep "
+                                   "the comma.")
+                        .arg(key)));
+        }
+        const MessageLog warnings;
+        const auto setDefault = [&] { config.setDefault(key, QStringLiteral("/default/path"), isPath); };
+        if (!defaultAfterFile) {
+            setDefault();
+        }
+        QVERIFY(config.addConfig(path));
+        if (defaultAfterFile) {
+            setDefault();
+        }
+        QCOMPARE(config.getConfig(key), expected);
+        QCOMPARE(config.getConfig(key, false), expected);
+        QCOMPARE(config.getConfigValue(key).isValid(), !warns);
+        QCOMPARE(warnings.getCount(), warns ? 1 : 0);
+    }
+
     void substitute_data()
     {
         QTest::addColumn<QString>("text");
@@ -219,6 +280,7 @@ private:
     QString mBaseFile;
     QString mOverrideFile;
     QString mPlaceholderFile;
+    int mCommaKeys = 0;
 };
 
 QTEST_GUILESS_MAIN(tst_ConfigManager)
