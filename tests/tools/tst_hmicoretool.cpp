@@ -1,4 +1,8 @@
 #include "frame/HmiCoreConfigs.h"
+#include "language/BinaryLanguageFile.h"
+#include "language/NodeText.h"
+
+#include "common/Encoding.h"
 
 #include <QDataStream>
 #include <QDir>
@@ -76,6 +80,8 @@ private slots:
     void themeList();
     void resourceDumpPackage_data();
     void resourceDumpPackage();
+    void languageCompileEncodings_data();
+    void languageCompileEncodings();
 
 private:
     /// Runs the tool in the test's temporary directory; "@DIR@" in the arguments names that directory.
@@ -808,6 +814,37 @@ void tst_HmiCoreTool::resourceDumpPackage()
     const ToolRun reference = run({ "resource", "dump", sources + expected });
     QVERIFY2(reference.exitCode == 0, qPrintable(reference.err));
     QCOMPARE(result.out, reference.out);
+}
+
+void tst_HmiCoreTool::languageCompileEncodings_data()
+{
+    QTest::addColumn<QByteArray>("encoding");
+
+    for (const char* encoding : { "UTF-8", "UTF-8 BOM", "UTF-16LE", "UTF-16BE" }) {
+        QTest::newRow(encoding) << QByteArray(encoding);
+    }
+}
+
+void tst_HmiCoreTool::languageCompileEncodings()
+{
+    QFETCH(QByteArray, encoding);
+
+    // Each character holds a 0x0D byte in UTF-16.
+    const QString text = QStringLiteral("\u010D\u0D0A\u4E0D");
+    const QString xml = QStringLiteral("<?xml version=\"1.0\"?>\r\n<catalog><strings><entry handle=\"%1\">"
+                                       "<string default=\"true\"><visual>%1</visual></string></entry>"
+                                       "</strings></catalog>\r\n")
+                            .arg(text);
+    const QString input = mRoot + QStringLiteral("/encoded.glx");
+    const QString output = mRoot + QStringLiteral("/encoded.glx.dat");
+    writeFile(input, encode(xml, encoding));
+    const ToolRun compiled = run({ "language", "compile", input, "-o", output });
+    QVERIFY2(compiled.exitCode == 0 && compiled.err.isEmpty(), qPrintable(compiled.err));
+
+    const auto file = Hmi::Core::BinaryLanguageFile::load(output, false);
+    QVERIFY(file);
+    QCOMPARE(file->getNodes().keys(), QStringList { QStringLiteral("STR_") + text });
+    QCOMPARE(file->getNode(QStringLiteral("STR_") + text)->getText(), text);
 }
 
 QTEST_GUILESS_MAIN(tst_HmiCoreTool)
