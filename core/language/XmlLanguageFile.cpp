@@ -58,10 +58,11 @@ QSharedPointer<XmlLanguageFile> XmlLanguageFile::load(
         return {};
     }
     // Text mode drops every 0x0D byte, harmless in an 8-bit encoding, where XML normalises line
-    // ends anyway, but in UTF-16 it also hits code units such as U+010D or U+0D0A. Such a file is
-    // read as it is, and the reader decodes it from its byte-order mark.
-    const QByteArray start = device.peek(2);
-    if (start == "\xFF\xFE" || start == "\xFE\xFF") {
+    // ends anyway, but in UTF-16 or UTF-32 it also hits code units such as U+010D or U+0D0A. Such
+    // a file, told by its byte-order mark or by a zero byte around its first "<", is read as it
+    // is, and the XML reader decodes it.
+    const QByteArray start = device.peek(4);
+    if (start.startsWith("\xFF\xFE") || start.startsWith("\xFE\xFF") || start.contains('\0')) {
         device.setTextModeEnabled(false);
     }
     auto file = QSharedPointer<XmlLanguageFile>::create(aPath, aCatalogOnly);

@@ -183,7 +183,7 @@ private slots:
     {
         QTest::addColumn<QByteArray>("encoding");
 
-        for (const char* encoding : { "UTF-8", "UTF-8 BOM", "UTF-16LE", "UTF-16BE" }) {
+        for (const char* encoding : { "UTF-8", "UTF-8 BOM", "UTF-16LE", "UTF-16BE", "UTF-16LE no BOM" }) {
             QTest::newRow(encoding) << QByteArray(encoding);
         }
     }

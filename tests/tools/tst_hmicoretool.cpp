@@ -820,7 +820,7 @@ void tst_HmiCoreTool::languageCompileEncodings_data()
 {
     QTest::addColumn<QByteArray>("encoding");
 
-    for (const char* encoding : { "UTF-8", "UTF-8 BOM", "UTF-16LE", "UTF-16BE" }) {
+    for (const char* encoding : { "UTF-8", "UTF-8 BOM", "UTF-16LE", "UTF-16BE", "UTF-16LE no BOM" }) {
         QTest::newRow(encoding) << QByteArray(encoding);
     }
 }
